@@ -48,6 +48,12 @@ if(KTRCL_SANITIZE)
   add_link_options(-fsanitize=${ktrcl_sanitizers})
 endif()
 
+if(KTRCL_FUZZ)
+  # Coverage counters everywhere; only the fuzz programs link libFuzzer's main.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(KTRCL_LTO)
   include(CheckIPOSupported)
   check_ipo_supported(RESULT ktrcl_lto_works OUTPUT ktrcl_lto_message LANGUAGES CXX)

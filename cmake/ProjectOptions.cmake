@@ -7,6 +7,7 @@ option(KTRCL_BUILD_HOSTS
        "Build the drawing library and the program ktrcl (needs CLI11 and nlohmann-json)."
        ${PROJECT_IS_TOP_LEVEL})
 option(KTRCL_BUILD_EXAMPLES "Build the examples and run them as tests." ${PROJECT_IS_TOP_LEVEL})
+option(KTRCL_FUZZ "Build the fuzz targets for libFuzzer instead of replaying their inputs (clang)." OFF)
 option(KTRCL_WARNINGS_AS_ERRORS
        "Stop at the first warning; the presets do, a packager with another compiler need not." OFF)
 option(KTRCL_LTO "Optimise across source files at link time, where the compiler can." OFF)

@@ -1,0 +1,47 @@
+#include "drawing/NumberText.h"
+
+#include <charconv>
+#include <cstddef>
+#include <string>
+
+namespace drawing {
+
+namespace {
+
+constexpr int kShortDecimals = 4;
+
+// A sign in front of nothing but zeros says nothing.
+void DropSignOfZero(std::string& text) {
+  if (text.empty() || text.front() != '-') return;
+  if (text.find_first_of("123456789in") == std::string::npos) text.erase(0, 1);
+}
+
+}  // namespace
+
+std::string FixedNumber(double value, int decimals) {
+  // 309 digits in front of the point, a sign, the point and 17 decimals.
+  char buffer[344];
+  const auto result =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+  std::string text(buffer, result.ptr);
+  DropSignOfZero(text);
+  return text;
+}
+
+std::string ShortNumber(double value) {
+  std::string text = FixedNumber(value, kShortDecimals);
+  if (text.find('.') == std::string::npos) return text;
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
+std::string PlaceText(const GX2DPoint& p) {
+  return "(" + ShortNumber(p.X) + ", " + ShortNumber(p.Y) + ")";
+}
+
+std::string CountText(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+}  // namespace drawing

@@ -1,0 +1,22 @@
+// Numbers as text for people, independent of the locale.
+#pragma once
+
+#include <KTRCL_Geometry/elements/GX2DElements.h>
+
+#include <string>
+
+namespace drawing {
+
+/// A number with exactly `decimals` (0 to 17) digits behind the point; never minus zero.
+std::string FixedNumber(double value, int decimals);
+
+/// A number with at most four digits behind the point, none of them a trailing zero: "8", "12.5".
+std::string ShortNumber(double value);
+
+/// "(12.5, 30)": a place in the plane, by ShortNumber.
+std::string PlaceText(const GX2DPoint& p);
+
+/// "1 line", "5 lines": a count with its noun in the singular or with an s.
+std::string CountText(std::size_t count, const std::string& noun);
+
+}  // namespace drawing

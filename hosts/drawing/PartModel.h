@@ -1,0 +1,57 @@
+// A drawing as a part for recognition: the contours that belong to it, and the library's look-alike
+// form of each.
+#pragma once
+
+#include "drawing/Contours.h"
+
+#include <KTRCL_Geometry/KTRCL_Geometry.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace drawing {
+
+/// Bends below this angle, in radians, are no vertices: neighbouring lines are merged over them.
+inline constexpr double kStraightTolerance = 0.0005;
+
+/// A contour with its look-alike form. `elements` and `shape` are in step: the segment at position
+/// 2 i of the shape describes the element at index i.
+struct ShapedContour {
+  const Contour* source = nullptr;     ///< As drawn; belongs to the PartModel.
+  GX2DElmList elements;                ///< Merged, beginning at a vertex.
+  std::unique_ptr<GXLAContour> shape;  ///< Owns its elements.
+
+  ShapedContour() = default;
+  ShapedContour(const ShapedContour&) = delete;
+  ShapedContour& operator=(const ShapedContour&) = delete;
+};
+
+/// One drawing as a part.
+struct PartModel {
+  Drawing drawing;
+  std::vector<Network> networks;
+  std::vector<std::unique_ptr<Contour>> contours;  ///< All, usable or not, in order of networks.
+  bool usable = false;                             ///< One outer contour was found.
+  std::string obstacle;                            ///< Why not, one line; empty where usable.
+  std::unique_ptr<ShapedContour> outer;            ///< Null where not usable.
+  std::vector<std::unique_ptr<ShapedContour>> cutOuts;  ///< From long to short.
+};
+
+/// The look-alike form of one usable contour: rotated to begin at a true vertex, measured, merged
+/// by CGXLAElementMerge.
+///
+/// The list is turned so that it begins behind a vertex that no merge removes; where it has none (a
+/// circle in several arcs) it begins as drawn, and the library's merge leaves a single arc.
+/// Vertices are merged over below kStraightTolerance; where that would cut off more than 0.01 mm,
+/// as on a fine polygon along a curve, the tolerance is halved until it does not.
+std::unique_ptr<ShapedContour> ShapeContour(const Contour& contour);
+
+/// Reads nothing: makes a part of a drawing that was read.
+///
+/// The outer contour is the usable one whose box holds the boxes of all the others, with 0.0001 mm
+/// of slack; of several with equal boxes it is the one that encloses most. Several contours that no
+/// other one holds are an obstacle that names them, and so is a drawing without any.
+PartModel BuildPart(Drawing drawing);
+
+}  // namespace drawing

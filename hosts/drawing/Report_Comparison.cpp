@@ -1,0 +1,179 @@
+#include "drawing/Report.h"
+#include "drawing/TextTable.h"
+
+#include <string>
+
+namespace drawing {
+
+namespace {
+
+std::string SenseText(GXLAContour::eReversedGeometry sense) {
+  switch (sense) {
+    case GXLAContour::eGeometryForward:
+      return "forward";
+    case GXLAContour::eGeometryBackward:
+      return "backward";
+    case GXLAContour::eGeometryNotSet:
+      break;
+  }
+  return "not set";
+}
+
+std::string PartLine(const char* name, const PartModel& part) {
+  const Drawing& drawing = part.drawing;
+  std::string text = std::string(name) + "  " + drawing.file + ": outer contour of " +
+                     std::to_string(part.outer->elements.size()) + " elements, " +
+                     std::to_string(part.cutOuts.size()) + " cut-outs, unit " + drawing.unit.name +
+                     " (" + drawing.unit.source + ")\n";
+  for (const auto& contour : part.contours) {
+    if (!contour->usable) text += "   left out: " + contour->obstacle + "\n";
+  }
+  if (!drawing.unusedByType.empty()) {
+    text += "   not usable yet:";
+    for (const auto& [type, count] : drawing.unusedByType) {
+      text += " " + type + " " + std::to_string(count);
+    }
+    text += "\n";
+  }
+  return text;
+}
+
+// The place at which a cut-out is named: the middle of its box.
+std::string PlaceOf(const PartModel& part, std::size_t cutOut) {
+  const Box& box = part.cutOuts[cutOut]->source->box;
+  return Position(0.5 * (box.minX + box.maxX), 0.5 * (box.minY + box.maxY));
+}
+
+std::string FiguresText(const Comparison& comparison) {
+  TextTable table("lrrrrl");
+  table.Row({"", "A", "B", "difference", "limit", ""});
+  for (const Figure& figure : comparison.figures) {
+    const std::string word = !figure.checked ? "not looked at" : figure.agrees ? "" : "differs";
+    table.Row({figure.name, figure.a, figure.b, Millimetres(figure.difference),
+               Millimetres(figure.limit), word});
+  }
+  return "Outer contours, figures in the order of the funnel\n" + table.Print("  ");
+}
+
+std::string StartsText(const Comparison& comparison) {
+  if (comparison.starts.empty()) return "";
+  std::string text = "Matched start positions in B for position " +
+                     std::to_string(comparison.referencePosition) +
+                     " in A, walked: " + SenseText(comparison.sense) + "\n";
+  TextTable table("rlllll");
+  for (std::size_t i = 0; i < comparison.starts.size(); ++i) {
+    const MatchedStart& start = comparison.starts[i];
+    table.Row({std::to_string(start.position),
+               "turn " + Millimetres(start.motion.AngleDegrees()) + " degrees",
+               "shift " + Position(start.motion.shiftX, start.motion.shiftY),
+               "outline off by " + Millimetres(start.outerDeviation) + " mm",
+               "partners " + std::to_string(start.partnersFound),
+               i == comparison.bestStart ? "best" : ""});
+  }
+  return text + table.Print("  ");
+}
+
+std::string GroupsText(const Comparison& comparison) {
+  if (comparison.groups.empty()) return "No cut-outs on either side\n";
+  TextTable table("rrll");
+  table.Row({"A", "B", "", ""});
+  for (const CutOutGroup& group : comparison.groups) {
+    table.Row({std::to_string(group.a.size()), std::to_string(group.b.size()), group.description,
+               group.a.size() == group.b.size() ? "" : "counts differ"});
+  }
+  return std::string("Groups of cut-outs (the library calls the structure ") +
+         (comparison.libraryStructureEqual ? "equal" : "not equal") + ")\n" + table.Print("  ");
+}
+
+std::string PartnersText(const PartModel& a, const PartModel& b, const Comparison& comparison) {
+  std::string text = "Partners of the cut-outs of A\n";
+  TextTable table("rlll");
+  for (const Partner& partner : comparison.partners) {
+    const std::string number = std::to_string(partner.a + 1);
+    const std::string distances =
+        std::string("two-distance test ") + (partner.twoDistanceTest ? "agrees" : "fails");
+    if (partner.found) {
+      table.Row({number, PlaceOf(a, partner.a) + " -> " + PlaceOf(b, partner.b),
+                 "off by " + Millimetres(partner.deviation) + " mm", distances});
+    } else {
+      table.Row({number, PlaceOf(a, partner.a) + " has no partner", "", ""});
+    }
+  }
+  text += table.Print("  ");
+  for (const std::size_t index : comparison.unmatchedInB) {
+    text += "  in B " + PlaceOf(b, index) + " is nobody's partner\n";
+  }
+  return text;
+}
+
+nlohmann::json FigureJson(const Figure& figure) {
+  return {{"name", figure.name},    {"a", figure.a},
+          {"b", figure.b},          {"difference", figure.difference},
+          {"limit", figure.limit},  {"checked", figure.checked},
+          {"agrees", figure.agrees}};
+}
+
+nlohmann::json StartJson(const MatchedStart& start) {
+  return {{"position", start.position},
+          {"turnDegrees", start.motion.AngleDegrees()},
+          {"shift", {start.motion.shiftX, start.motion.shiftY}},
+          {"outerDeviation", start.outerDeviation},
+          {"partnersFound", start.partnersFound}};
+}
+
+nlohmann::json PartnerJson(const Partner& partner) {
+  nlohmann::json json = {{"a", partner.a}, {"found", partner.found}};
+  if (partner.found) {
+    json["b"] = partner.b;
+    json["deviation"] = partner.deviation;
+    json["twoDistanceTest"] = partner.twoDistanceTest;
+  }
+  return json;
+}
+
+}  // namespace
+
+std::string ComparisonText(const PartModel& a, const PartModel& b, const Comparison& comparison,
+                           bool positions) {
+  std::string text = comparison.verdict + "\n";
+  text += "Decided by: " + std::string(StepName(comparison.step)) + "\n\n";
+  text += PartLine("A", a) + PartLine("B", b) + "\n";
+  text += FiguresText(comparison);
+  text += StartsText(comparison);
+  text += GroupsText(comparison);
+  if (positions && !comparison.starts.empty()) text += PartnersText(a, b, comparison);
+  if (!comparison.trace.empty()) {
+    text += "The library's words\n";
+    for (const std::string& line : comparison.trace) text += "  " + line + "\n";
+  }
+  return text;
+}
+
+nlohmann::json ComparisonJson(const PartModel& a, const PartModel& b,
+                              const Comparison& comparison) {
+  nlohmann::json json = {{"same", comparison.same},
+                         {"verdict", comparison.verdict},
+                         {"step", StepName(comparison.step)},
+                         {"a", InfoJson(a)},
+                         {"b", InfoJson(b)},
+                         {"sense", SenseText(comparison.sense)},
+                         {"referencePosition", comparison.referencePosition},
+                         {"libraryStructureEqual", comparison.libraryStructureEqual},
+                         {"largestDeviation", comparison.largestDeviation},
+                         {"unmatchedInB", comparison.unmatchedInB},
+                         {"trace", comparison.trace}};
+  for (const char* list : {"figures", "starts", "groups", "partners"}) {
+    json[list] = nlohmann::json::array();
+  }
+  for (const Figure& figure : comparison.figures) json["figures"].push_back(FigureJson(figure));
+  for (const MatchedStart& start : comparison.starts) json["starts"].push_back(StartJson(start));
+  for (const CutOutGroup& group : comparison.groups) {
+    json["groups"].push_back({{"description", group.description}, {"a", group.a}, {"b", group.b}});
+  }
+  for (const Partner& partner : comparison.partners) {
+    json["partners"].push_back(PartnerJson(partner));
+  }
+  return json;
+}
+
+}  // namespace drawing

@@ -1,0 +1,130 @@
+#include "drawing/Report.h"
+#include "drawing/TextTable.h"
+
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace drawing {
+
+namespace {
+
+std::string CountsText(const std::map<std::string, int>& counts) {
+  std::string text;
+  for (const auto& [name, count] : counts) {
+    if (!text.empty()) text += ", ";
+    text += name + " " + std::to_string(count);
+  }
+  return text.empty() ? "none" : text;
+}
+
+std::string UnitText(const Unit& unit) { return unit.name + " (" + unit.source + ")"; }
+
+std::string BoxText(const Box& box) {
+  return Position(box.minX, box.minY) + " to " + Position(box.maxX, box.maxY);
+}
+
+std::string ContourTable(const PartModel& part) {
+  TextTable table("rlrlrll");
+  for (std::size_t i = 0; i < part.contours.size(); ++i) {
+    const Contour& contour = *part.contours[i];
+    const std::string elements = contour.elements.size() == 1 ? "element" : "elements";
+    table.Row({std::to_string(i + 1), contour.closed ? "closed" : "open",
+               std::to_string(contour.elements.size()), elements,
+               "perimeter " + Millimetres(contour.perimeter), "box " + BoxText(contour.box),
+               contour.obstacle});
+  }
+  return table.Print("    ");
+}
+
+std::size_t CountClosed(const PartModel& part) {
+  std::size_t closed = 0;
+  for (const auto& contour : part.contours) closed += contour->closed ? 1 : 0;
+  return closed;
+}
+
+nlohmann::json ContourJson(const Contour& contour) {
+  return {{"closed", contour.closed},
+          {"usable", contour.usable},
+          {"obstacle", contour.obstacle},
+          {"elements", contour.elements.size()},
+          {"perimeter", contour.perimeter},
+          {"area", std::fabs(contour.signedArea)},
+          {"box", {contour.box.minX, contour.box.minY, contour.box.maxX, contour.box.maxY}}};
+}
+
+nlohmann::json ComplaintJson(const Complaint& complaint) {
+  return {{"file", complaint.file},
+          {"line", complaint.line},
+          {"entity", complaint.entity},
+          {"handle", complaint.handle},
+          {"what", complaint.what},
+          {"done", complaint.done},
+          {"severity", SeverityName(complaint.severity)}};
+}
+
+}  // namespace
+
+std::string Millimetres(double value) {
+  char text[400];
+  std::snprintf(text, sizeof text, "%.4f", value);
+  return std::string(text) == "-0.0000" ? "0.0000" : text;
+}
+
+std::string Position(double x, double y) {
+  return "(" + Millimetres(x) + ", " + Millimetres(y) + ")";
+}
+
+std::string InfoText(const PartModel& part) {
+  const Drawing& drawing = part.drawing;
+  std::string text = drawing.file + "\n";
+  if (!drawing.usable) return text + "  not usable: " + drawing.refusal + "\n";
+  TextTable head("ll");
+  head.Row({"unit", UnitText(drawing.unit)});
+  head.Row({"version", drawing.version.empty() ? "not stated" : drawing.version});
+  head.Row({"entities", CountsText(drawing.entitiesByType)});
+  head.Row({"layers", CountsText(drawing.entitiesByLayer)});
+  if (!drawing.unusedByType.empty()) head.Row({"not usable yet", CountsText(drawing.unusedByType)});
+  if (!drawing.refusedByType.empty()) head.Row({"refused", CountsText(drawing.refusedByType)});
+  if (!drawing.paperSpaceByType.empty()) {
+    head.Row({"paper space", CountsText(drawing.paperSpaceByType)});
+  }
+  const std::size_t closed = CountClosed(part);
+  head.Row({"contours", std::to_string(closed) + " closed, " +
+                            std::to_string(part.contours.size() - closed) + " open or branching"});
+  text += head.Print("  ") + ContourTable(part);
+  if (!part.usable) text += "  no part: " + part.obstacle + "\n";
+  for (const Complaint& complaint : drawing.complaints) text += "  " + ToLine(complaint) + "\n";
+  return text;
+}
+
+nlohmann::json InfoJson(const PartModel& part) {
+  const Drawing& drawing = part.drawing;
+  nlohmann::json json = {{"file", drawing.file}, {"usable", drawing.usable}};
+  if (!drawing.usable) {
+    json["refusal"] = drawing.refusal;
+    return json;
+  }
+  json["unit"] = {{"code", drawing.unit.code},
+                  {"name", drawing.unit.name},
+                  {"millimetresPerUnit", drawing.unit.millimetresPerUnit},
+                  {"source", drawing.unit.source},
+                  {"assumed", drawing.unit.assumed}};
+  json["version"] = drawing.version;
+  json["entities"] = drawing.entitiesByType;
+  json["layers"] = drawing.entitiesByLayer;
+  json["notUsableYet"] = drawing.unusedByType;
+  json["refused"] = drawing.refusedByType;
+  json["paperSpace"] = drawing.paperSpaceByType;
+  json["contours"] = nlohmann::json::array();
+  for (const auto& contour : part.contours) json["contours"].push_back(ContourJson(*contour));
+  json["part"] = {{"usable", part.usable}, {"obstacle", part.obstacle}};
+  json["complaints"] = nlohmann::json::array();
+  for (const Complaint& complaint : drawing.complaints) {
+    json["complaints"].push_back(ComplaintJson(complaint));
+  }
+  return json;
+}
+
+}  // namespace drawing
