@@ -53,6 +53,8 @@ class KTRCL_DATATYPES_EXPORT GXEvent1Param {
   /// Adds a subscriber behind the others. A null pointer is accepted and never called.
   void Subscribe(Subscriber* subscriber) {
     if (firings_ > 0) {
+      // Room for all of them now: what settles behind a firing must not fail.
+      subscribers_.reserve(subscribers_.size() + pending_.size() + 1);
       pending_.push_back(subscriber);
     } else {
       subscribers_.push_back(subscriber);

@@ -16,9 +16,8 @@
 /// With a NaN among the three all five are false.
 ///
 /// Tolerance: absolute, inclusive, compared with the rounded difference of a and b. Equal numbers
-/// are
-///   almost equal at every tolerance, so a tolerance below 0 acts as 0. An infinity is almost equal
-///   to itself, and to anything else only at an infinite tolerance.
+///   are almost equal at every tolerance, so a tolerance below 0 acts as 0. An infinity is almost
+///   equal to itself, and to anything else only at an infinite tolerance.
 ///
 ///     GXMath::AlmostEq(1.5, 1.25, 0.25);         // true: the limit itself counts
 ///     GXMath::LessNotAlmostEq(1.0, 1.5, 0.25);   // true
