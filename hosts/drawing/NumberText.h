@@ -3,6 +3,7 @@
 
 #include <KTRCL_Geometry/elements/GX2DElements.h>
 
+#include <cstddef>
 #include <string>
 
 namespace drawing {

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace drawing {
@@ -22,6 +23,13 @@ namespace {
 
 constexpr double kTwoPi = 6.283185307179586;
 constexpr int kAngleDecimals = 6;
+
+// In millimetres: by less than this no motion fits better than another, so that among symmetric
+// positions the first one stays, whatever the last digits are.
+constexpr double kNoGain = 1.0e-6;
+
+// Pairs of cut-outs that are looked at to choose among starts that fit equally badly.
+constexpr std::size_t kNearestEffort = 50000000;
 
 // Hears the library's words.
 class TraceCollector : public GXEvent1ParamSubscriber<const GXString&> {
@@ -109,7 +117,14 @@ bool FitsBetter(const MatchedStart& p, const PartnerSearch& searchP, const Match
   if (p.outlinesAgree != q.outlinesAgree) return p.outlinesAgree;
   if (searchP.found != searchQ.found) return searchP.found > searchQ.found;
   return std::max(p.outerDeviation, searchP.largestDeviation) <
-         std::max(q.outerDeviation, searchQ.largestDeviation);
+         std::max(q.outerDeviation, searchQ.largestDeviation) - kNoGain;
+}
+
+// By how much the cut-outs without partner miss the nearest one, all in all.
+double MissBy(const PartnerSearch& search) {
+  double sum = 0.0;
+  for (const Partner& partner : search.partners) sum += partner.found ? 0.0 : partner.deviation;
+  return sum;
 }
 
 // The library's own test of positions for a pair of cut-outs: two distances to the outer contour,
@@ -184,17 +199,37 @@ class Comparer {
       result_.bestStart = i;
       best = std::move(search);
     }
-    TakeBest(cutOuts, best);
+    if (result_.starts[result_.bestStart].outlinesAgree) ChooseAmongEqual(cutOuts, best);
+    TakeBest(best);
   }
 
-  void TakeBest(const CutOutPartners& cutOuts, PartnerSearch& search) {
+  // Where several starts find as many partners, but not all, that one explains best in which the
+  // others are nearest. It decides nothing, so it is given up where it would take long.
+  void ChooseAmongEqual(const CutOutPartners& cutOuts, PartnerSearch& best) {
+    cutOuts.NameNearest(result_.starts[result_.bestStart].motion, best);
+    const std::size_t found = best.found;
+    const std::size_t missing = a_.cutOuts.size() - found;
+    std::size_t effort = 0;
+    for (std::size_t i = 0; i < result_.starts.size() && missing > 0; ++i) {
+      const MatchedStart& start = result_.starts[i];
+      if (!start.outlinesAgree || start.partnersFound != found) continue;
+      effort += missing * b_.cutOuts.size();
+      if (effort > kNearestEffort) return;
+      PartnerSearch search = cutOuts.Search(start.motion);
+      cutOuts.NameNearest(start.motion, search);
+      if (!(MissBy(search) < MissBy(best) - kNoGain)) continue;
+      result_.bestStart = i;
+      best = std::move(search);
+    }
+  }
+
+  void TakeBest(PartnerSearch& search) {
     const MatchedStart& best = result_.starts[result_.bestStart];
     result_.largestDeviation = std::max(best.outerDeviation, search.largestDeviation);
     if (!best.outlinesAgree) {
       result_.step = DecidingStep::kOuterMotion;
       return;
     }
-    cutOuts.NameNearest(best.motion, search);
     result_.partners = std::move(search.partners);
     for (Partner& partner : result_.partners) {
       partner.twoDistanceTest =

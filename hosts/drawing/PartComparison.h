@@ -107,7 +107,8 @@ struct Comparison {
 /// Lengths and angles are compared by the library with its own tolerances. Then the outlines are
 /// laid on each other, once for every start position that the library matched, and under each of
 /// these motions every cut-out of A looks for a partner of the same group in B, one to one, within
-/// kPositionLimit. The start with the most partners counts, then that with the least deviation.
+/// kPositionLimit. The start with the most partners counts, then that with the least deviation; of
+/// several that find as many, but not all, that one in which the rest is nearest.
 /// Groups and partners are told as far as they can be found, also where an earlier step decided.
 ///
 /// Requires: `a.usable` and `b.usable`.

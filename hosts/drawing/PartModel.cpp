@@ -96,13 +96,12 @@ bool RunsAreStraight(const GX2DElmList& elements, const std::vector<bool>& remov
 
 // The merge looks at one angle at a time, so many small bends in one sense would add up.
 double SafeTolerance(const GX2DElmList& elements, const std::vector<double>& angles) {
-  for (double tolerance = kStraightTolerance; tolerance > kLeastStraightTolerance;
-       tolerance *= 0.5) {
-    if (RunsAreStraight(elements, RemovableVertices(elements, angles, tolerance))) {
-      return tolerance;
-    }
+  double tolerance = kStraightTolerance;
+  while (!RunsAreStraight(elements, RemovableVertices(elements, angles, tolerance))) {
+    tolerance *= 0.5;
+    if (tolerance < kLeastStraightTolerance) return 0.0;
   }
-  return 0.0;
+  return tolerance;
 }
 
 // The library merges across the seam of the list once, before all else; a seam in the middle of a
@@ -155,9 +154,9 @@ std::vector<const Contour*> UsableContours(const PartModel& part) {
 // The contour that can hold all others, if any can: the one with the largest box; among those whose
 // boxes hold that one in turn, as a square and the circle inside it, the one that encloses most.
 const Contour* LargestContour(const std::vector<const Contour*>& contours) {
-  const Contour* widest = nullptr;
+  const Contour* widest = contours.front();
   for (const Contour* contour : contours) {
-    if (widest == nullptr || HalfGirth(contour->box) > HalfGirth(widest->box)) widest = contour;
+    if (HalfGirth(contour->box) > HalfGirth(widest->box)) widest = contour;
   }
   const Contour* largest = widest;
   for (const Contour* contour : contours) {

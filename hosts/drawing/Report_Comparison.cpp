@@ -96,7 +96,9 @@ std::string PartnersText(const PartModel& a, const PartModel& b, const Compariso
       table.Row({number, PlaceOf(a, partner.a) + " -> " + PlaceOf(b, partner.b),
                  "off by " + Millimetres(partner.deviation) + " mm", distances});
     } else {
-      table.Row({number, PlaceOf(a, partner.a) + " has no partner", "", ""});
+      const bool hasNearest = partner.b != kNoCutOut;
+      table.Row({number, PlaceOf(a, partner.a) + " has no partner",
+                 hasNearest ? "nearest off by " + Millimetres(partner.deviation) + " mm" : "", ""});
     }
   }
   text += table.Print("  ");

@@ -88,7 +88,7 @@ def spelled(text):
     for short, full in NESTED.items():
         text = re.sub(r"(?<![\w:])%s\b" % short, full, text)
     text = re.sub(r"\w+::(?=GX\w+::|GXLAContour::e)", "", text)
-    text = re.sub(r"\bconst ([\w:]+)", r"\1 const", text)
+    text = re.sub(r"\bconst ([\w:]+(?:<(?:[^<>]|<[^<>]*>)*>)?)", r"\1 const", text)
     text = re.sub(r"\s*([&*<>,])\s*", r"\1", text)
     return text.replace("std::uint64_t", "unsigned long")
 
@@ -98,9 +98,11 @@ def function(owner, statement, body):
     statement = re.sub(r"^\s*(public|protected|private)\s*:(?!:)", "", statement).strip()
     while re.match(r"(public|protected|private)\s*:(?!:)", statement):
         statement = statement.split(":", 1)[1].strip()
-    if body is not None or re.match(r"(using|friend|enum|class|struct|template|typedef)\b", statement):
+    if body is not None:
         return None
-    match = re.search(r"(~?\w+|operator\s*(?:\(\)|[^\s\w(]+))\s*\(", statement)
+    if re.match(r"(using|friend|enum|class|struct|template|typedef)\b", statement):
+        return None
+    match = re.search(r"(operator\s*(?:\(\)|[^\s\w(]+)|~?\w+)\s*\(", statement)
     if not match:
         return None
     end = matching(statement, match.end() - 1, "(", ")")
@@ -118,18 +120,21 @@ def declared(folder):
     functions = set()
     for header in sorted(pathlib.Path(folder).rglob("*.h")):
         text = without_comments(header.read_text(encoding="utf-8"))
+        done = 0
         for match in EXPORT.finditer(text):
+            if match.start() < done:
+                continue
             line = text[text.rfind("\n", 0, match.start()) + 1:match.start()]
             if re.search(r"\b(class|struct)\s*$", line):
-                name = re.match(r"\s*(\w+)", text[match.end():]).group(1)
-                if "template" in text[:match.start()].rsplit(";", 1)[-1].rsplit("}", 1)[-1]:
-                    continue
                 begin = text.index("{", match.end())
-                body = text[begin + 1:matching(text, begin, "{", "}") - 1]
-                functions |= members(name, body)
+                done = matching(text, begin, "{", "}")
+                # A template is made where it is used.
+                if not re.search(r"\btemplate\b[^;}]*$", text[:match.start()]):
+                    name = re.match(r"\s*(\w+)", text[match.end():]).group(1)
+                    functions |= members(name, text[begin + 1:done - 1])
             else:
-                end = text.index(";", match.end())
-                functions.add(function("", text[match.end():end], None))
+                done = text.index(";", match.end())
+                functions.add(function("", text[match.end():done], None))
     return functions - {None}
 
 
@@ -168,7 +173,7 @@ def exported(nm, library):
             name = name.replace(plain, word)
         name = re.sub(r"std::__cxx11::basic_string<char,[^>]*>,std::allocator<char>>",
                       "std::string", name)
-        name = name.replace("__cxx11::", "").replace("stringconst", "string const")
+        name = re.sub(r"(iterator|string)const\b", r"\1 const", name.replace("__cxx11::", ""))
         # Arguments that the container adds to what was written.
         name = re.sub(r",std::allocator<(?:[^<>]|<[^<>]*>)*>", "", name)
         name = re.sub(r",std::(?:less|char_traits)<[^<>]*>", "", name)

@@ -306,6 +306,9 @@ TEST(CompareParts, GivesEachCutOutOneFreePartner) {
   EXPECT_TRUE(comparison.same) << comparison.verdict;
   ASSERT_EQ(comparison.partners.size(), 2u);
   EXPECT_NE(comparison.partners[0].b, comparison.partners[1].b);
+  // The first hole of B would do for both of A, the second for none.
+  const PartSketch b = Plate({CircleContour(20.01, 20, 4), CircleContour(20.5, 20, 4)});
+  EXPECT_EQ(Compare(a, b).step, DecidingStep::kCutOutPositions);
 }
 
 TEST(CompareParts, DoesNotMindTheOrderOfShapesOfEqualLength) {
@@ -409,6 +412,17 @@ TEST(CompareParts, TriesEveryStartOfASymmetricOutline) {
   std::size_t fitting = 0;
   for (const drawing::MatchedStart& start : comparison.starts) fitting += start.partnersFound;
   EXPECT_EQ(fitting, 1u);
+}
+
+TEST(CompareParts, ExplainsAMovedHoleByTheStartInWhichItIsNearest) {
+  // Half a turn would take the hole to (58, 40), 26.9 mm off; left in its place it is 2 mm off.
+  for (const double turn : {0.0, 1.0, 2.0, 3.0}) {
+    const PartSketch b = support::Moved(Plate({CircleContour(42, 20, 4)}), turn, 5, 7);
+    const Comparison comparison = Compare(Plate({CircleContour(40, 20, 4)}), b);
+    EXPECT_EQ(comparison.starts.size(), 2u);
+    EXPECT_NE(comparison.verdict.find("the nearest is 2.0000 mm away"), std::string::npos)
+        << comparison.verdict;
+  }
 }
 
 TEST(CompareParts, ReadsTheCutOutsOfPartsDrawnInDifferentDirections) {

@@ -371,8 +371,7 @@ TEST(MakeConnectingElements3D, HoldsEveryCommonEndAgainstTheCurrentOneFromItsSta
   support::Add(list, support::Line(0, 0, 0, kShort, 0, 0),
                support::Line(kNextStart, 0, 0, kNextEnd, 0, 0));
   list.MakeConnectingElements();
-  EXPECT_POINT_EQ(support::At<GX3DLine>(list, 1),
-                  support::Line(kNextStart, 0, 0, kNextEnd, 0, 0));
+  EXPECT_POINT_EQ(support::At<GX3DLine>(list, 1), support::Line(kNextStart, 0, 0, kNextEnd, 0, 0));
 }
 
 /// Vertices that lie at least 5 apart.
@@ -397,7 +396,7 @@ typename Twin::Element* AddSide(Chain<Twin>& chain, const GX2DPoint& from, const
 TYPED_TEST(MakeConnectingElements, ChainsAShuffledLoopFromItsFirstElementRound) {
   support::Random random;
   for (int round = 0; round < 200; ++round) {
-    const int count = random.Int(3, 14);
+    const int count = random.Int(3, 60);
     const std::vector<GX2DPoint> vertices = FarVertices(random, count);
     Chain<TypeParam> chain;
     for (int i = 0; i < count; ++i) {
@@ -428,7 +427,7 @@ TYPED_TEST(MakeConnectingElements, ChainsAShuffledLoopFromItsFirstElementRound) 
 TYPED_TEST(MakeConnectingElements, ChainsAShuffledOpenRowThatBeginsWithItsOwnFirst) {
   support::Random random;
   for (int round = 0; round < 200; ++round) {
-    const int count = random.Int(2, 14);
+    const int count = random.Int(2, 60);
     const std::vector<GX2DPoint> vertices = FarVertices(random, count + 1);
     Chain<TypeParam> chain;
     // The first one runs outwards half of the time; the second then stands right behind it.

@@ -179,12 +179,12 @@ void ExpectSpatialPair(const GX3DLine& first, const GX3DLine& second, std::size_
     SCOPED_TRACE(arcs);
     const GX3DPoint off(70, 80, 90);
     GX3DElmList list;
-    list.push_back((arcs & 1) != 0 ? static_cast<GX3DElement*>(
-                                         new GX3DArc(off, first.Start, off, first.End))
-                                   : new GX3DLine(first));
-    list.push_back((arcs & 2) != 0 ? static_cast<GX3DElement*>(
-                                         new GX3DArc(off, second.Start, off, second.End))
-                                   : new GX3DLine(second));
+    list.push_back((arcs & 1) != 0
+                       ? static_cast<GX3DElement*>(new GX3DArc(off, first.Start, off, first.End))
+                       : new GX3DLine(first));
+    list.push_back((arcs & 2) != 0
+                       ? static_cast<GX3DElement*>(new GX3DArc(off, second.Start, off, second.End))
+                       : new GX3DLine(second));
     GX3DElement* const a = list[0];
     GX3DElement* const b = list[1];
     list.CloseBeginEndIfNeeded();

@@ -239,26 +239,34 @@ TEST(MakeClosed2D, PassesOverRectangles) {
   EXPECT_EQ(list.size(), 4u);
 }
 
+/// Adds a line, or an arc with the same ends.
+template <typename Twin>
+void AddEither(InertChain<Twin>& chain, bool arc, double x1, double y1, double x2, double y2) {
+  if (arc) {
+    chain.AddArc(x1, y1, x2, y2);
+  } else {
+    chain.AddLine(x1, y1, x2, y2);
+  }
+}
+
 TYPED_TEST(MakeClosed, NeverBridgesEndsThatAreNotFinite) {
   for (const double bad : {kNaN, kInf, -kInf}) {
-    for (int arcs = 0; arcs < 4; ++arcs) {
-      InertChain<TypeParam> chain;
-      // The end of the first and the start of the second are no places.
-      if ((arcs & 1) != 0) {
-        chain.AddArc(1, 1, bad, 2);
-      } else {
-        chain.AddLine(1, 1, bad, 2);
+    // The end of the first, the start of the second, or both are no places.
+    for (const bool atEnd : {false, true}) {
+      for (const bool atStart : {false, true}) {
+        for (int arcs = 0; arcs < 4; ++arcs) {
+          if (!atEnd && !atStart) {
+            continue;
+          }
+          InertChain<TypeParam> chain;
+          AddEither(chain, (arcs & 1) != 0, 1, 1, atEnd ? bad : 5, 2);
+          AddEither(chain, (arcs & 2) != 0, 3, atStart ? bad : 6, 1, 1);
+          chain.AddLine(1, 1, 1, 1);  // closes without a gap, to lines and arcs
+          const auto before = chain.Entries();
+          chain.list.MakeClosed();
+          EXPECT_EQ(chain.Entries(), before) << bad << " " << atEnd << atStart << arcs;
+        }
       }
-      if ((arcs & 2) != 0) {
-        chain.AddArc(3, bad, 1, 1);
-        chain.AddLine(1, 1, 1, 1);
-      } else {
-        chain.AddLine(3, bad, 1, 1);
-        chain.AddLine(1, 1, 1, 1);
-      }
-      const auto before = chain.Entries();
-      chain.list.MakeClosed();
-      EXPECT_EQ(chain.Entries(), before) << bad << " " << arcs;
     }
   }
 }

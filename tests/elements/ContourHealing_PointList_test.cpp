@@ -1,5 +1,6 @@
 // ConvertTo3DPointList: which points of a contour are listed, and where those of an arc lie.
 #include <KTRCL_Geometry/elements/GXElementLists.h>
+#include <KTRCL_Geometry/foundation/GXVector.h>
 
 #include "support/Build.h"
 #include "support/Foreign.h"
@@ -139,8 +140,8 @@ TEST(ConvertTo3DPointList, TheSagOfFiveRulesForVeryLargeRadii) {
 }
 
 TEST(ConvertTo3DPointList, FiveDegreesRuleBelowARadiusOfAboutFiveThousand) {
-  // The two are equal at 5 / (1 - cos 2.5 degrees) = 5253. 79.5 degrees are 15.9 steps of 5 degrees,
-  // and 16.12 steps of the 2 arccos(1 - 5 / 5400) = 4.9316 degrees of a radius of 5400.
+  // The two are equal at 5 / (1 - cos 2.5 degrees) = 5253. 79.5 degrees are 15.9 steps of 5
+  // degrees, and 16.12 steps of the 2 arccos(1 - 5 / 5400) = 4.9316 degrees of a radius of 5400.
   GX3DElmList capped;
   support::Add(capped, ArcAtHeight7(5200, 0, 79.5));
   EXPECT_EQ(Points(capped).size(), 17u);
@@ -288,17 +289,22 @@ TEST(ConvertTo3DPointList, ArcsInAnyPlaneAreWalkedInTheirPlane) {
   }
 }
 
-TEST(ConvertTo3DPointList, ACircleWithMidOppositeItsStartFoldsOntoItsDiameter) {
-  // Start, mid and center span no plane: two axes of the frame are null and its matrix has no
-  // inverse, so of each stepped vector only the share along the diameter is left.
-  GX3DElmList list;
-  support::Add(list, GX3DArc(support::Point(3, 4, 5), support::Point(13, 4, 5),
-                             support::Point(-7, 4, 5), support::Point(13, 4, 5)));
-  const auto points = Points(list);
-  ASSERT_EQ(points.size(), 72u);
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    const double radians = kPi / 36 * static_cast<double>(i);
-    EXPECT_POINT_NEAR(points[i].first, support::Point(3 + 10 * std::cos(radians), 4, 5), 1e-12);
+TEST(ConvertTo3DPointList, ACircleWithMidOppositeItsStartFoldsOntoALineAlongX) {
+  // Start, mid and center span no plane: the second and third row of the frame are null and it has
+  // no inverse. It stays as it is, so that X becomes the stepped vector (10 cos, 10 sin, 0) times
+  // the unit vector to the start, and nothing is added to Y and Z.
+  for (const bool alongY : {false, true}) {
+    const GXVector towards = alongY ? GXVector(0, 10, 0) : GXVector(10, 0, 0);
+    const GX3DPoint center(3, 4, 5);
+    GX3DElmList list;
+    support::Add(list, GX3DArc(center, center + towards, center - towards, center + towards));
+    const auto points = Points(list);
+    ASSERT_EQ(points.size(), 72u);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const double radians = kPi / 36 * static_cast<double>(i);
+      const double x = alongY ? std::sin(radians) : std::cos(radians);
+      EXPECT_POINT_NEAR(points[i].first, support::Point(3 + 10 * x, 4, 5), 1e-12);
+    }
   }
 }
 

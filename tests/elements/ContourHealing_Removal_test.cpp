@@ -95,8 +95,8 @@ TEST(EliminateElmsActuallyPoint, ErasesNullEntriesPointsAndElementsThatAreHardly
   list.push_back(new support::Logged<GX3DPoint>(log, "point", 5.0, 5.0, 5.0));
   list.push_back(nullptr);
   list.push_back(nullptr);
-  list.push_back(new support::Logged<GX3DLine>(log, "line", support::Point(1, 1, 1),
-                                               support::Point(1, 1, 1)));
+  list.push_back(
+      new support::Logged<GX3DLine>(log, "line", support::Point(1, 1, 1), support::Point(1, 1, 1)));
   list.push_back(new support::Logged<GX3DArc>(log, "kept"));
   dynamic_cast<GX3DArc&>(*list.back()).Start = support::Point(1, 0, 0);
   list.push_back(new support::Logged<GX3DArc>(log, "arc"));
@@ -157,8 +157,7 @@ class Duplicates {
  public:
   template <typename Kind>
   Duplicates& With(const Kind& element) {
-    list_.push_back(
-        new support::Logged<Kind>(log_, std::to_string(list_.size()), element));
+    list_.push_back(new support::Logged<Kind>(log_, std::to_string(list_.size()), element));
     return *this;
   }
   Log Removed() {

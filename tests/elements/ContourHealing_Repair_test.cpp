@@ -79,11 +79,13 @@ TYPED_TEST(RepairLines, MovesTheFarEndOfAShorterFirstWithTheElementBeforeIt) {
   auto* const z = chain.AddLine(2, 9, 2, 1);
   auto* const a = chain.AddLine(2, 1, 8, 1);
   auto* const b = chain.AddLine(8, 1, 0, 1);
+  auto* const c = chain.AddLine(0, 1, 0, 9);
   chain.list.RepairLines(0.25);
   const double y = std::is_same_v<TypeParam, support::Flat> ? -1 : 3;  // a quarter of 8
   EXPECT_POINT_EQ(*z, Seg<TypeParam>(2, 9, 2, y));
   EXPECT_POINT_EQ(*a, Seg<TypeParam>(2, y, 8, 1));
   EXPECT_POINT_EQ(*b, Seg<TypeParam>(8, 1, 0, 1));
+  EXPECT_POINT_EQ(*c, Seg<TypeParam>(0, 1, 0, 9));
 }
 
 TYPED_TEST(RepairLines, WrapsToTheFirstElementBehindTheLast) {
@@ -102,7 +104,8 @@ TYPED_TEST(RepairLines, WrapsToTheLastElementBeforeTheFirst) {
   AskedChain<TypeParam> chain;
   auto* const front = chain.AddLine(2, 1, 8, 1);
   chain.AddLine(8, 1, 0, 1);
-  auto* const last = chain.AddLine(0, 1, 2, 9);
+  chain.AddLine(0, 1, 0, 9);
+  auto* const last = chain.AddLine(0, 9, 2, 9);
   chain.list.RepairLines(0.5);
   ASSERT_EQ(chain.list.repairs.size(), 1u);
   EXPECT_EQ(chain.list.repairs[0].line, front);
@@ -144,9 +147,9 @@ TYPED_TEST(RepairLines, TheSharedEndsMayBeATenThousandthApart) {
 TYPED_TEST(RepairLines, LinesInOneDirectionOrAtAnAngleAreNoFold) {
   AskedChain<TypeParam> chain;
   chain.AddLine(0, 1, 10, 1);
-  chain.AddLine(10, 1, 14, 1);   // straight on
-  chain.AddLine(14, 1, 10, 3);   // back at an angle
-  chain.AddLine(70, 1, 60, 1);   // apart from its neighbours
+  chain.AddLine(10, 1, 14, 1);  // straight on
+  chain.AddLine(14, 1, 10, 3);  // back at an angle
+  chain.AddLine(70, 1, 60, 1);  // apart from its neighbours
   chain.AddLine(62, 1, 68, 1);
   chain.list.RepairLines(0.1);
   EXPECT_TRUE(chain.list.repairs.empty());

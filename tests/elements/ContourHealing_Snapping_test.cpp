@@ -357,8 +357,7 @@ TYPED_TEST(MakeAlmostEqualPointsEqual, MakesAnyLoopExactAndNeverMovesAnEnd) {
     chain.list.MakeAlmostEqualPointsEqual();
     for (std::size_t i = 0; i < ends.size(); ++i) {
       const GX2DPoint& before = ends[(i + ends.size() - 1) % ends.size()];
-      ASSERT_POINT_EQ(chain.EndsAt(i),
-                      Seg<TypeParam>(before.X, before.Y, ends[i].X, ends[i].Y));
+      ASSERT_POINT_EQ(chain.EndsAt(i), Seg<TypeParam>(before.X, before.Y, ends[i].X, ends[i].Y));
     }
   }
 }

@@ -11,6 +11,8 @@
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <typeinfo>
+#include <vector>
 
 namespace {
 
@@ -193,8 +195,9 @@ TEST(GX2DElementCreator, CopiesADerivedLineAsALine) {
   std::vector<std::string> log;
   support::Logged<GX2DLine> line(log, "line", Line(1, 2, 3, 4));
   const std::unique_ptr<GX2DElement> copy(GX2DElementCreator::GX2DElement(line));
-  EXPECT_EQ(typeid(*copy), typeid(GX2DLine));
-  EXPECT_POINT_EQ(dynamic_cast<GX2DLine&>(*copy), line);
+  const GX2DElement& made = *copy;
+  EXPECT_EQ(typeid(made), typeid(GX2DLine));
+  EXPECT_POINT_EQ(dynamic_cast<const GX2DLine&>(made), line);
 }
 
 TEST(GX2DElementCreator, CopiesWhatTheElementShows) {

@@ -211,6 +211,25 @@ TEST(RotateAxis2D, AboutItselfAPointStays) {
   EXPECT_POINT_EQ(p, Point(3, 4));
 }
 
+TEST(RotateAxis2D, TheAngleMayBeACoordinateOfWhatTurns) {
+  const GX2DPoint origin;
+  GX2DPoint p(90, 0);
+  p.RotateAxis(origin, p.X);
+  EXPECT_POINT_NEAR(p, Point(0, 90), 1e-13);
+  GX2DLine line(90, 0, 2, 0);
+  line.RotateAxis(origin, line.Start.X);
+  EXPECT_POINT_NEAR(line, support::Line(0, 90, 0, 2), 1e-13);
+  GX2DArc arc = support::Arc(0, 0, 90, 0, 0, 90, -90, 0);
+  arc.RotateAxis(origin, arc.Start.X);
+  EXPECT_POINT_NEAR(arc, support::Arc(0, 0, 0, 90, -90, 0, 0, -90), 1e-13);
+}
+
+TEST(Rotate2DPoint, TheAngleMayBeACoordinateOfThePoint) {
+  GX2DPoint p(90, 0);
+  EXPECT_TRUE(GXGeometry::Rotate2DPoint(p, Point(0, 0), p.X));
+  EXPECT_POINT_NEAR(p, Point(0, 90), 1e-13);
+}
+
 TEST(Rotate2DPoint, IsTheSameComputation) {
   support::Random random;
   for (int i = 0; i < 200; ++i) {

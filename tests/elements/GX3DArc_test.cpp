@@ -124,7 +124,7 @@ TEST(GX3DArc, AScaleFactorMayBeItsOwnCoordinate) {
 }
 
 TEST(GX3DArc, RadiusIsMeasuredToTheStart) {
-  EXPECT_EQ(GX3DArc(Point(1, 1, 1), Point(3, 4, 7), Point(), Point()).Radius(), 7.0);
+  EXPECT_EQ(GX3DArc(Point(1, 1, 1), Point(3, 4, 7), Point(9, 9, 9), Point(8, 8, 8)).Radius(), 7.0);
 }
 
 TEST(GX3DArc, IsActuallyAPointWhenTheRadiusVanishes) {

@@ -155,7 +155,8 @@ TEST(Clone3D, SkipsOtherKindsAndTakesDerivedOnesAsTheirBase) {
   GX3DElmList list;
   list.Clone(&source);
   ASSERT_EQ(list.size(), 1U);
-  EXPECT_EQ(typeid(*list[0]), typeid(GX3DLine));
+  const GX3DElement& made = *list[0];
+  EXPECT_EQ(typeid(made), typeid(GX3DLine));
   EXPECT_POINT_EQ(At<GX3DLine>(list, 0), Line(1, 2, 3, 4, 5, 6));
 }
 

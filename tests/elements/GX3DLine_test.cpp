@@ -12,6 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -211,7 +214,15 @@ class HasEqualPoint : public testing::Test {
 
 using Pairings = testing::Types<std::pair<GX3DLine, GX3DLine>, std::pair<GX3DLine, GX3DArc>,
                                 std::pair<GX3DArc, GX3DLine>, std::pair<GX3DArc, GX3DArc>>;
-TYPED_TEST_SUITE(HasEqualPoint, Pairings);
+struct PairingNames {
+  template <typename Pair>
+  static std::string GetName(int /*position*/) {
+    const auto name = [](bool isLine) { return isLine ? "Line" : "Arc"; };
+    return std::string(name(std::is_same_v<typename Pair::first_type, GX3DLine>)) + "With" +
+           name(std::is_same_v<typename Pair::second_type, GX3DLine>);
+  }
+};
+TYPED_TEST_SUITE(HasEqualPoint, Pairings, PairingNames);
 
 TYPED_TEST(HasEqualPoint, HandsOutTheCoordinatesOfTheOther) {
   const GX3DPoint p(0, 0, 0), near(0.0001, -0.0001, 0.0001), q(5, 0, 0), r(9, 9, 9);

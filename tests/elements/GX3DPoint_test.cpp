@@ -261,6 +261,17 @@ TEST(RotateAboutACoordinateAxis, NeverChangesTheCoordinateOfTheAxis) {
   }
 }
 
+TEST(RotateAboutACoordinateAxis, KeepsAlsoACoordinateThatSpoilsTheOthers) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  GX3DPoint x(infinity, 2, 3), y(1, -infinity, 3), z(1, 2, infinity);
+  x.RotateX(1);
+  y.RotateY(1);
+  z.RotateZ(1);
+  EXPECT_EQ(x.X, infinity);
+  EXPECT_EQ(y.Y, -infinity);
+  EXPECT_EQ(z.Z, infinity);
+}
+
 TEST(RotateAboutACoordinateAxis, AgreesWithTheFormulaOfRodrigues) {
   support::Random random;
   for (int i = 0; i < 500; ++i) {

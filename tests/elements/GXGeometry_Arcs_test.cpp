@@ -129,6 +129,17 @@ TEST(GetArcAngleRad, EndBesideStartOnOneRayIs0) {
   EXPECT_EQ(Sweep(s, clockwise, Point(0.5, 0.0002, 0)), kFullTurn);
 }
 
+TEST(GetArcAngleRad, ASmallCrossProductOutweighsAnAngleThatIsNotSmall) {
+  // The end is so near the centre that its cross product with the start stays at 0.00005, though it
+  // is 0.005 off the line of start and centre: on the side of the start that is no sweep, on the
+  // other side half a turn less 0.005, whichever way the arc runs.
+  const GX3DPoint s(1, 0, 0), counter(0, 1, 0), clock(0, -1, 0);
+  EXPECT_EQ(Sweep(s, counter, Point(0.01, 0.00005, 0)), 0.0);
+  EXPECT_EQ(Sweep(s, clock, Point(0.01, 0.00005, 0)), 0.0);
+  EXPECT_NEAR(Sweep(s, counter, Point(-0.01, 0.00005, 0)), kPi - std::atan(0.005), 1e-13);
+  EXPECT_NEAR(Sweep(s, clock, Point(-0.01, 0.00005, 0)), kPi - std::atan(0.005), 1e-13);
+}
+
 TEST(GetArcAngleRad, HalfACircleIsPi) {
   const GX3DPoint s(1, 0, 0), opposite(-1, 0, 0);
   EXPECT_EQ(Sweep(s, Point(0, 1, 0), opposite), std::acos(-1.0));
@@ -369,7 +380,7 @@ TEST(Point2DOnArc, AdmitsARadiusOffBy0_00001) {
   EXPECT_FALSE(GXGeometry::Point2DOnArc(circle, Point(0, 0.9999899)));
 }
 
-TEST(PointOnArc, TheRadiusLimitIsInclusive) {
+TEST(Point2DOnArc, TheRadiusLimitIsInclusive) {
   // A radius and its double differ by the radius itself, to the bit: 0.00001 against 0.00002. A
   // circle that small has no sweep, and a point at its start has the parameter 0.
   const double limit = 0.00001;

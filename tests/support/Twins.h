@@ -81,8 +81,7 @@ class Chain {
   /// An arc of which only the ends mean something; center and mid are far off, so that they never
   /// coincide with anything.
   typename Twin::Arc* AddArc(double x1, double y1, double x2, double y2) {
-    return Take(
-        new typename Twin::Arc(Center(), Twin::At(x1, y1), Mid(), Twin::At(x2, y2)));
+    return Take(new typename Twin::Arc(Center(), Twin::At(x1, y1), Mid(), Twin::At(x2, y2)));
   }
   typename Twin::Point* AddPoint(double x, double y) {
     return Take(new typename Twin::Point(Twin::At(x, y)));
@@ -106,9 +105,7 @@ class Chain {
   static std::vector<Element*> Order(std::initializer_list<Element*> elements) { return elements; }
 
   /// The ends of the entry at a position.
-  typename Twin::Line EndsAt(std::size_t position) const {
-    return Ends<Twin>(*list.at(position));
-  }
+  typename Twin::Line EndsAt(std::size_t position) const { return Ends<Twin>(*list.at(position)); }
   bool IsLineAt(std::size_t position) const {
     return dynamic_cast<typename Twin::Line*>(list.at(position)) != nullptr;
   }

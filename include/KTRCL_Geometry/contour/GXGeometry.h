@@ -85,15 +85,16 @@ class KTRCL_GEOMETRY_EXPORT GXGeometry {
   ///   radii to start and mid are parallel, or those to start and end are parallel and point the
   ///   same way (cross product not longer than 0.0001, an area).
   /// Caution: where `GetAngleBetween3DLinesRad` finds no angle, its -1.0 is used like one. Sweeps
-  ///   within about 0.0014 of a half turn come out as the half turn.
+  ///   within about 0.0014 of nothing, of a half and of a full turn come out as exactly that.
   static double GetArcAngleRad(const GX3DArc& arc);
 
   /// Share of the sweep between the arc's start and the direction of `p`: 0 at the start, 1 at the
-  /// end, above 1 behind it. The distance of `p` from the center does not matter, and the flag has
-  /// no effect.
+  /// end, above 1 behind it. `p` need not lie on the circle, and the flag has no effect.
   ///
   /// Returns: 0 for a point on the start (0.0001 on each coordinate); 99999.0 for an arc without
   ///   sweep (0.00001 radians).
+  /// Caution: a point half-way from the center to the arc's middle (0.0001 on each coordinate)
+  ///   stands for the whole circle, 2 pi by the sweep; one at the center gives 0 or -1 by it.
   static double PointParametricOnArc(const GX2DPoint& p, const GX2DArc& arc, bool unused);
 
   /// The same in space, computed from the radius vectors. Vectors shorter than 1 are brought to
@@ -128,6 +129,9 @@ class KTRCL_GEOMETRY_EXPORT GXGeometry {
   /// Tolerance: distance from the circle 0.00001 length units, inclusive.
   /// Caution: unlike in the flat twin the parameter has to be below 1 by more than 0.00001, so a
   ///   point near the end is only accepted as a point on the end.
+  /// Caution: the plane of the arc is not asked for. A point beside it passes when it is one radius
+  ///   from the center and its angle from the start fits; on a circle whose start is its end every
+  ///   point of the sphere does.
   static bool Point3DOnArc(const GX3DArc& arc, const GX3DPoint& p);
 
   /// @name Common ends and points on segments -- src/contour/GXGeometry_Intersections.cpp

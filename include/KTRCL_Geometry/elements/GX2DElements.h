@@ -534,10 +534,11 @@ class KTRCL_GEOMETRY_EXPORT GX2DArc : public GX2DElement {
   ///   mid has come to lie on its end, wherever its start is.
   virtual bool IsCircle() const;
 
-  /// Sets mid so that the arc runs clockwise; start and end stay.
+  /// Sets mid with `CreateMidPoint`, thus at half the radius, so that the arc runs clockwise; start
+  /// and end stay.
   virtual void SetClockWise();
 
-  /// Sets mid so that the arc runs counter-clockwise; start and end stay.
+  /// The same, counter-clockwise.
   virtual void SetCounterClockWise();
 
   /// Swaps start and end and leaves mid.

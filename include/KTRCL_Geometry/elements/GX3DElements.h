@@ -88,7 +88,8 @@ class KTRCL_GEOMETRY_EXPORT GX3DElement {
   /// Turns about the line from start to end of `axis`, right-handed, with
   /// `GXGeometry::Rotate3DPoint`.
   ///
-  /// Degenerate: nothing happens for an axis of length zero.
+  /// Degenerate: nothing happens for an axis about which `Rotate3DPoint` fails, such as one of
+  ///   length zero.
   /// Caution: radians here, degrees in `GX2DElement::RotateAxis`.
   virtual void RotateAxis(const GX3DLine& axis, const double& radians);
 
@@ -400,7 +401,9 @@ class KTRCL_GEOMETRY_EXPORT GX3DArc : public GX3DElement {
   /// the arc, else the end that is farther out; the same for the five below.
   ///
   /// Caution: exact only where the plane of the arc contains the direction of the axis. A tilted
-  ///   arc reports its ends, though it may bulge beyond them.
+  ///   arc may bulge beyond the ends that it reports. And since `Point3DOnArc` does not ask for the
+  ///   plane, a long arc may report the side of the whole sphere: a half circle of radius 5 in the
+  ///   XY plane about the origin has Z from -5 to 5.
   double GetMinX() const override;
 
   double GetMaxX() const override;
