@@ -18,6 +18,7 @@ EXPORT = re.compile(r"\bKTRCL_[A-Z]+_EXPORT\b")
 NESTED = {
     "eNmbSegmentsMode": "GXLAContour::eNmbSegmentsMode",
     "eReversedGeometry": "GXLAContour::eReversedGeometry",
+    "ePointInContourResult": "GXGeometry::ePointInContourResult",
     "GXLAContourDirection": "GXLAContourParameters::GXLAContourDirection",
 }
 
