@@ -98,7 +98,7 @@ void MarkOutlines(const ShapedContour& a, const ShapedContour& b, Marks& marksA,
     return;
   }
   if (segmentsA.size() != segmentsB.size() || segmentsA.size() > kMostAligned) return;
-  const bool backward = (a.source->signedArea < 0.0) != (b.source->signedArea < 0.0);
+  const bool backward = a.source->clockwise != b.source->clockwise;
   MarkAligned(segmentsA, segmentsB, backward, marksA.segments, marksB.segments);
 }
 

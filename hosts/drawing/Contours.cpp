@@ -3,9 +3,12 @@
 #include "drawing/CurveMeasures.h"
 #include "drawing/NumberText.h"
 
+#include <KTRCL_Geometry/contour/GXGeometry.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,22 +23,11 @@ constexpr double kTwoPi = 6.283185307179586;
 // Ends of neighbouring elements, in millimetres, each coordinate; that of the networks too.
 constexpr double kEndTolerance = 0.0001;
 
+// Asks the library to choose the scan line that tells the direction.
+constexpr double kChooseScanLine = std::numeric_limits<double>::lowest();
+
 // A contour that is nowhere wider than about this, in millimetres, encloses nothing.
 constexpr double kLeastWidth = 0.0001;
-
-// Places that a text names one by one.
-constexpr std::size_t kNamedPlaces = 6;
-
-std::string PlacesText(const std::vector<GX2DPoint>& places) {
-  std::string text;
-  const std::size_t named = std::min(places.size(), kNamedPlaces);
-  for (std::size_t i = 0; i < named; ++i) {
-    const bool last = i + 1 == places.size();
-    text += (i == 0 ? "" : last ? " and " : ", ") + PlaceText(places[i]);
-  }
-  if (places.size() > named) text += " and " + std::to_string(places.size() - named) + " more";
-  return text;
-}
 
 std::string LooseEndsText(const Network& network) {
   std::vector<GX2DPoint> places;
@@ -88,14 +80,26 @@ void BeginAtLooseEnd(const Drawing& drawing, const Network& network, GX2DElmList
   if (auto* arc = dynamic_cast<GX2DArc*>(elements.front())) arc->SwapPoints();
 }
 
-Box BoxOf(const GX2DElmList& elements) {
+Box BoxAround(const GX2DElmList& elements) {
   if (elements.empty()) return {};
-  return {elements.GetMinX(), elements.GetMinY(), elements.GetMaxX(), elements.GetMaxY()};
+  Box around = BoxOf(*elements.front());
+  for (GX2DElement* const element : elements) {
+    const Box box = BoxOf(*element);
+    around = {std::min(around.minX, box.minX), std::min(around.minY, box.minY),
+              std::max(around.maxX, box.maxX), std::max(around.maxY, box.maxY)};
+  }
+  return around;
+}
+
+double LengthOf(const GX2DElmList& elements) {
+  double length = 0.0;
+  for (const GX2DElement* element : elements) length += ElementLength(*element);
+  return length;
 }
 
 bool IsFinite(const Contour& contour) {
   const Box& box = contour.box;
-  return std::isfinite(contour.perimeter) && std::isfinite(contour.signedArea) &&
+  return std::isfinite(contour.perimeter) && std::isfinite(contour.surface) &&
          std::isfinite(box.maxX - box.minX) && std::isfinite(box.maxY - box.minY);
 }
 
@@ -120,7 +124,8 @@ std::string ObstacleOf(const Network& network, const Contour& contour) {
     return "its elements do not follow each other end to end, from " + WhereItBegins(contour);
   }
   if (!IsFinite(contour)) return "its lengths go beyond the range of numbers";
-  if (!(std::fabs(contour.signedArea) > kLeastWidth * contour.perimeter)) {
+  // By exact figures: to the library a hole of two small arcs has no surface.
+  if (!(std::fabs(SignedArea(contour.elements)) > kLeastWidth * LengthOf(contour.elements))) {
     return "encloses no area, at " + WhereItBegins(contour);
   }
   return "";
@@ -139,9 +144,11 @@ std::unique_ptr<Contour> BuildContour(const Drawing& drawing, const Network& net
   }
   contour->closed = network.kind == NetworkKind::kClosed && elements.IsFullyConnected() &&
                     elements.IsClosed(kEndTolerance);
-  for (const GX2DElement* element : elements) contour->perimeter += ElementLength(*element);
-  contour->signedArea = contour->closed ? SignedArea(elements) : 0.0;
-  contour->box = BoxOf(elements);
+  if (contour->closed) contour->healing = HealContour(elements);
+  contour->clockwise = contour->closed && RunsClockwise(elements);
+  contour->perimeter = GXGeometry::GetContourPerimeter(elements);
+  contour->surface = contour->closed ? GXGeometry::GetContourSurface(elements, true) : 0.0;
+  contour->box = BoxAround(elements);
   contour->obstacle = ObstacleOf(network, *contour);
   contour->usable = contour->obstacle.empty();
   return contour;
@@ -157,6 +164,15 @@ std::vector<std::unique_ptr<Contour>> BuildContours(const Drawing& drawing,
     contours.push_back(BuildContour(drawing, networks[i], i));
   }
   return contours;
+}
+
+bool RunsClockwise(GX2DElmList& elements) {
+  if (const GX2DArc* const circle = AsFullCircle(elements)) return circle->IsClockwise();
+  // Told by the surface beforehand, since for an arc on top the library may answer and leave the
+  // flag as it was.
+  bool clockwise = GXGeometry::GetContourSurface(elements, false) > 0.0;
+  GXGeometry::CheckDirectionOfElementList(elements, clockwise, true, kChooseScanLine);
+  return clockwise;
 }
 
 double SignedArea(const GX2DElmList& elements) {

@@ -20,14 +20,36 @@ double AngleAlong(const GX2DArc& arc, const GX2DPoint& p, bool clockwise) {
   return angle < 0.0 ? angle + kTwoPi : angle;
 }
 
-double DistanceToLine(const GX2DPoint& p, const GX2DLine& line) {
+GX2DPoint PointOnArc(const GX2DArc& arc, double share) {
+  const double angle = share * SignedSweep(arc);
+  const double cosine = std::cos(angle);
+  const double sine = std::sin(angle);
+  const double dx = arc.Start.X - arc.Center.X;
+  const double dy = arc.Start.Y - arc.Center.Y;
+  return {arc.Center.X + cosine * dx - sine * dy, arc.Center.Y + sine * dx + cosine * dy};
+}
+
+// Share of the foot of a point on the line, limited to the line.
+double ShareOnLine(const GX2DPoint& p, const GX2DLine& line) {
   const double dx = line.End.X - line.Start.X;
   const double dy = line.End.Y - line.Start.Y;
   const double square = dx * dx + dy * dy;
-  if (square == 0.0) return Distance(p, line.Start);
+  if (square == 0.0) return 0.0;
   const double share = ((p.X - line.Start.X) * dx + (p.Y - line.Start.Y) * dy) / square;
-  const double t = std::clamp(share, 0.0, 1.0);
-  return std::hypot(p.X - (line.Start.X + t * dx), p.Y - (line.Start.Y + t * dy));
+  return std::clamp(share, 0.0, 1.0);
+}
+
+double ShareOnArc(const GX2DPoint& p, const GX2DArc& arc) {
+  const double sweep = std::fabs(SignedSweep(arc));
+  const double angle = AngleAlong(arc, p, arc.IsClockwise());
+  if (angle <= sweep) return angle / sweep;
+  return Distance(p, arc.Start) <= Distance(p, arc.End) ? 0.0 : 1.0;
+}
+
+double DistanceToLine(const GX2DPoint& p, const GX2DLine& line) {
+  const double t = ShareOnLine(p, line);
+  return std::hypot(p.X - (line.Start.X + t * (line.End.X - line.Start.X)),
+                    p.Y - (line.Start.Y + t * (line.End.Y - line.Start.Y)));
 }
 
 double DistanceToArc(const GX2DPoint& p, const GX2DArc& arc) {
@@ -50,19 +72,26 @@ double SignedSweep(const GX2DArc& arc) {
   return clockwise ? -sweep : sweep;
 }
 
-GX2DPoint ArcMiddle(const GX2DArc& arc) {
-  const double half = 0.5 * SignedSweep(arc);
-  const double cosine = std::cos(half);
-  const double sine = std::sin(half);
-  const double dx = arc.Start.X - arc.Center.X;
-  const double dy = arc.Start.Y - arc.Center.Y;
-  return {arc.Center.X + cosine * dx - sine * dy, arc.Center.Y + sine * dx + cosine * dy};
-}
+GX2DPoint ArcMiddle(const GX2DArc& arc) { return PointOnArc(arc, 0.5); }
 
 GX2DPoint MiddleOf(GX2DElement& element) {
   if (const auto* arc = dynamic_cast<const GX2DArc*>(&element)) return ArcMiddle(*arc);
   if (const auto* line = dynamic_cast<const GX2DLine*>(&element)) return line->GetMidPoint();
   return element.GetStartPoint();
+}
+
+GX2DPoint PointAt(GX2DElement& element, double share) {
+  if (const auto* arc = dynamic_cast<const GX2DArc*>(&element)) return PointOnArc(*arc, share);
+  const GX2DPoint& start = element.GetStartPoint();
+  if (dynamic_cast<const GX2DLine*>(&element) == nullptr) return start;
+  const GX2DPoint& end = element.GetEndPoint();
+  return {start.X + share * (end.X - start.X), start.Y + share * (end.Y - start.Y)};
+}
+
+double ShareAt(const GX2DPoint& p, GX2DElement& element) {
+  if (const auto* line = dynamic_cast<const GX2DLine*>(&element)) return ShareOnLine(p, *line);
+  if (const auto* arc = dynamic_cast<const GX2DArc*>(&element)) return ShareOnArc(p, *arc);
+  return 0.0;
 }
 
 double ElementLength(const GX2DElement& element) {

@@ -16,6 +16,14 @@ GX2DPoint ArcMiddle(const GX2DArc& arc);
 /// The point half way along a line or an arc; the start point for other kinds.
 GX2DPoint MiddleOf(GX2DElement& element);
 
+/// The point of a line or an arc at a share of its length, 0 at the start and 1 at the end; the
+/// start point for other kinds.
+GX2DPoint PointAt(GX2DElement& element, double share);
+
+/// The share of a line or an arc at which a point stands that lies on it or near it, from 0 to 1;
+/// beyond an end it is that end. 0 for other kinds and for elements without length.
+double ShareAt(const GX2DPoint& p, GX2DElement& element);
+
 /// Length of a line or an arc; of other kinds their own Len.
 double ElementLength(const GX2DElement& element);
 

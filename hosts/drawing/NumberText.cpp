@@ -1,14 +1,19 @@
 #include "drawing/NumberText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace drawing {
 
 namespace {
 
 constexpr int kShortDecimals = 4;
+
+// Places that a text names one by one.
+constexpr std::size_t kNamedPlaces = 6;
 
 // A sign in front of nothing but zeros says nothing.
 void DropSignOfZero(std::string& text) {
@@ -38,6 +43,17 @@ std::string ShortNumber(double value) {
 
 std::string PlaceText(const GX2DPoint& p) {
   return "(" + ShortNumber(p.X) + ", " + ShortNumber(p.Y) + ")";
+}
+
+std::string PlacesText(const std::vector<GX2DPoint>& places) {
+  std::string text;
+  const std::size_t named = std::min(places.size(), kNamedPlaces);
+  for (std::size_t i = 0; i < named; ++i) {
+    const bool last = i + 1 == places.size();
+    text += (i == 0 ? "" : last ? " and " : ", ") + PlaceText(places[i]);
+  }
+  if (places.size() > named) text += " and " + std::to_string(places.size() - named) + " more";
+  return text;
 }
 
 std::string CountText(std::size_t count, const std::string& noun) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace drawing {
 
@@ -16,6 +17,9 @@ std::string ShortNumber(double value);
 
 /// "(12.5, 30)": a place in the plane, by ShortNumber.
 std::string PlaceText(const GX2DPoint& p);
+
+/// "(0, 0), (12.5, 30) and (1, 2)": places one by one, of very many the first six and "and 3 more".
+std::string PlacesText(const std::vector<GX2DPoint>& places);
 
 /// "1 line", "5 lines": a count with its noun in the singular or with an s.
 std::string CountText(std::size_t count, const std::string& noun);

@@ -28,8 +28,8 @@ constexpr double kCutOffLimit = 0.01;
 // Where halving the tolerance for straight vertices ends, in radians.
 constexpr double kLeastStraightTolerance = 1.0e-7;
 
-constexpr double kBoxSlack = 0.0001;
 constexpr std::size_t kNamedContours = 6;
+constexpr std::size_t kNamedCrossings = 3;
 
 // The angles behind each element as the look-alike form stores them.
 std::vector<double> StoredAngles(const GX2DElmList& elements, bool clockwise) {
@@ -136,11 +136,6 @@ std::unique_ptr<GXLAContour> MakeShape(const GX2DElmList& elements,
   return shape;
 }
 
-bool Holds(const Box& outer, const Box& inner) {
-  return inner.minX >= outer.minX - kBoxSlack && inner.minY >= outer.minY - kBoxSlack &&
-         inner.maxX <= outer.maxX + kBoxSlack && inner.maxY <= outer.maxY + kBoxSlack;
-}
-
 double HalfGirth(const Box& box) { return (box.maxX - box.minX) + (box.maxY - box.minY); }
 
 std::vector<const Contour*> UsableContours(const PartModel& part) {
@@ -151,19 +146,16 @@ std::vector<const Contour*> UsableContours(const PartModel& part) {
   return usable;
 }
 
-// The contour that can hold all others, if any can: the one with the largest box; among those whose
-// boxes hold that one in turn, as a square and the circle inside it, the one that encloses most.
-const Contour* LargestContour(const std::vector<const Contour*>& contours) {
-  const Contour* widest = contours.front();
+// The contours that no other one holds, the largest first.
+std::vector<const Contour*> Outermost(const std::vector<const Contour*>& contours) {
+  std::vector<const Contour*> outermost;
   for (const Contour* contour : contours) {
-    if (HalfGirth(contour->box) > HalfGirth(widest->box)) widest = contour;
+    if (contour->depth == 0 && contour->coincidesWith == kNoContour) outermost.push_back(contour);
   }
-  const Contour* largest = widest;
-  for (const Contour* contour : contours) {
-    const bool encloses = std::fabs(contour->signedArea) > std::fabs(largest->signedArea);
-    if (encloses && Holds(contour->box, widest->box)) largest = contour;
-  }
-  return largest;
+  std::stable_sort(outermost.begin(), outermost.end(), [](const Contour* p, const Contour* q) {
+    return HalfGirth(p->box) > HalfGirth(q->box);
+  });
+  return outermost;
 }
 
 std::string NameOf(const PartModel& part, const Contour& contour) {
@@ -177,34 +169,16 @@ std::string NameOf(const PartModel& part, const Contour& contour) {
   return text;
 }
 
-// The contours that no other one holds, the largest first, as far as they will be named.
-std::vector<const Contour*> Outermost(std::vector<const Contour*> contours, bool& more) {
-  const auto larger = [](const Contour* p, const Contour* q) {
-    return HalfGirth(p->box) > HalfGirth(q->box);
-  };
-  std::stable_sort(contours.begin(), contours.end(), larger);
-  std::vector<const Contour*> outermost;
-  more = false;
-  for (const Contour* contour : contours) {
-    const bool held = std::any_of(outermost.begin(), outermost.end(), [&](const Contour* outer) {
-      return Holds(outer->box, contour->box);
-    });
-    if (held) continue;
-    more = outermost.size() == kNamedContours;
-    if (more) break;
-    outermost.push_back(contour);
-  }
-  return outermost;
-}
-
-std::string SeveralOuterText(const PartModel& part, const std::vector<const Contour*>& contours) {
-  bool more = false;
+std::string SeveralOuterText(const PartModel& part, const std::vector<const Contour*>& outermost) {
   std::string text = "several contours that no other one holds: ";
-  std::size_t named = 0;
-  for (const Contour* contour : Outermost(contours, more)) {
-    text += (named++ == 0 ? "" : "; ") + NameOf(part, *contour);
+  const std::size_t named = std::min(outermost.size(), kNamedContours);
+  for (std::size_t i = 0; i < named; ++i) {
+    text += (i == 0 ? "" : "; ") + NameOf(part, *outermost[i]);
   }
-  return more ? text + "; and more" : text;
+  if (outermost.size() > named) text += "; and more";
+  const std::size_t crossings = std::min(part.crossings.size(), kNamedCrossings);
+  for (std::size_t i = 0; i < crossings; ++i) text += "; " + CrossingText(part.crossings[i]);
+  return text;
 }
 
 std::string NoContourText(const PartModel& part) {
@@ -230,7 +204,7 @@ std::unique_ptr<ShapedContour> ShapeContour(const Contour& contour) {
   auto shaped = std::make_unique<ShapedContour>();
   shaped->source = &contour;
   shaped->elements.Clone(contour.elements);
-  const bool clockwise = contour.signedArea < 0.0;
+  const bool clockwise = contour.clockwise;
   std::vector<double> angles = StoredAngles(shaped->elements, clockwise);
   const double tolerance = SafeTolerance(shaped->elements, angles);
   BeginBehindVertex(shaped->elements, angles, tolerance);
@@ -248,22 +222,25 @@ PartModel BuildPart(Drawing drawing) {
   }
   part.networks = FindNetworks(part.drawing);
   part.contours = BuildContours(part.drawing, part.networks);
+  part.crossings = NestContours(part.contours);
   const std::vector<const Contour*> contours = UsableContours(part);
   if (contours.empty()) {
     part.obstacle = NoContourText(part);
     return part;
   }
-  const Contour* outer = LargestContour(contours);
-  const bool holdsAll = std::all_of(contours.begin(), contours.end(), [&](const Contour* inner) {
-    return Holds(outer->box, inner->box);
-  });
-  if (!holdsAll) {
-    part.obstacle = SeveralOuterText(part, contours);
+  const std::vector<const Contour*> outermost = Outermost(contours);
+  if (outermost.size() > 1) {
+    part.obstacle = SeveralOuterText(part, outermost);
     return part;
   }
-  ShapeContours(part, contours, *outer);
+  ShapeContours(part, contours, *outermost.front());
   part.usable = true;
   return part;
+}
+
+std::string CrossingText(const Crossing& crossing) {
+  return "contours " + std::to_string(crossing.first + 1) + " and " +
+         std::to_string(crossing.second + 1) + " cross at " + PlacesText(crossing.points);
 }
 
 }  // namespace drawing

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing/Contours.h"
+#include "drawing/Nesting.h"
 
 #include <KTRCL_Geometry/KTRCL_Geometry.h>
 
@@ -32,6 +33,7 @@ struct PartModel {
   Drawing drawing;
   std::vector<Network> networks;
   std::vector<std::unique_ptr<Contour>> contours;  ///< All, usable or not, in order of networks.
+  std::vector<Crossing> crossings;                 ///< Contours that cross each other.
   bool usable = false;                             ///< One outer contour was found.
   std::string obstacle;                            ///< Why not, one line; empty where usable.
   std::unique_ptr<ShapedContour> outer;            ///< Null where not usable.
@@ -49,9 +51,13 @@ std::unique_ptr<ShapedContour> ShapeContour(const Contour& contour);
 
 /// Reads nothing: makes a part of a drawing that was read.
 ///
-/// The outer contour is the usable one whose box holds the boxes of all the others, with 0.0001 mm
-/// of slack; of several with equal boxes it is the one that encloses most. Several contours that no
-/// other one holds are an obstacle that names them, and so is a drawing without any.
+/// The outer contour is the usable one at depth 0 (NestContours); everything inside it is a
+/// cut-out, at whatever depth, and so is a contour that coincides with another. Several contours at
+/// depth 0 are an obstacle that names them, and where they cross each other; so is a drawing
+/// without any.
 PartModel BuildPart(Drawing drawing);
+
+/// "contours 2 and 5 cross at (10, 20) and (30, 20)": a crossing in words, contours counted from 1.
+std::string CrossingText(const Crossing& crossing);
 
 }  // namespace drawing

@@ -1,6 +1,8 @@
 #include "drawing/Report.h"
 #include "drawing/TextTable.h"
 
+#include <cstddef>
+#include <map>
 #include <string>
 
 namespace drawing {
@@ -19,15 +21,29 @@ std::string SenseText(GXLAContour::eReversedGeometry sense) {
   return "not set";
 }
 
+// Of the cut-outs, those that lie in other cut-outs: " (2 at depth 2, 1 at depth 3)".
+std::string DeepText(const PartModel& part) {
+  std::map<std::size_t, std::size_t> counts;
+  for (const auto& cutOut : part.cutOuts) ++counts[cutOut->source->depth];
+  std::string text;
+  for (const auto& [depth, count] : counts) {
+    if (depth < 2) continue;
+    text +=
+        (text.empty() ? " (" : ", ") + std::to_string(count) + " at depth " + std::to_string(depth);
+  }
+  return text.empty() ? text : text + ")";
+}
+
 std::string PartLine(const char* name, const PartModel& part) {
   const Drawing& drawing = part.drawing;
   std::string text = std::string(name) + "  " + drawing.file + ": outer contour of " +
                      std::to_string(part.outer->elements.size()) + " elements, " +
-                     std::to_string(part.cutOuts.size()) + " cut-outs, unit " + drawing.unit.name +
-                     " (" + drawing.unit.source + ")\n";
+                     std::to_string(part.cutOuts.size()) + " cut-outs" + DeepText(part) +
+                     ", unit " + drawing.unit.name + " (" + drawing.unit.source + ")\n";
   for (const auto& contour : part.contours) {
     if (!contour->usable) text += "   left out: " + contour->obstacle + "\n";
   }
+  for (const Crossing& crossing : part.crossings) text += "   " + CrossingText(crossing) + "\n";
   if (!drawing.unusedByType.empty()) {
     text += "   not usable yet:";
     for (const auto& [type, count] : drawing.unusedByType) {

@@ -1,7 +1,8 @@
 #include "drawing/Report.h"
+
+#include "drawing/NumberText.h"
 #include "drawing/TextTable.h"
 
-#include <cmath>
 #include <cstdio>
 #include <map>
 #include <string>
@@ -9,6 +10,9 @@
 namespace drawing {
 
 namespace {
+
+// A movement within the tolerance of 0.0001 mm is still to be seen.
+constexpr int kMovementDecimals = 6;
 
 std::string CountsText(const std::map<std::string, int>& counts) {
   std::string text;
@@ -25,15 +29,43 @@ std::string BoxText(const Box& box) {
   return Position(box.minX, box.minY) + " to " + Position(box.maxX, box.maxY);
 }
 
+const char* DirectionText(const Contour& contour) { return contour.clockwise ? "CW" : "CCW"; }
+
+std::string DepthText(const Contour& contour) {
+  std::string text = "depth " + std::to_string(contour.depth);
+  if (contour.parent != kNoContour) text += " in " + std::to_string(contour.parent + 1);
+  return text;
+}
+
+// What a person should know of a contour beside its figures.
+std::string RemarkText(const Contour& contour) {
+  std::string text = contour.obstacle;
+  const auto add = [&](const std::string& remark) {
+    if (!text.empty()) text += "; ";
+    text += remark;
+  };
+  if (contour.coincidesWith != kNoContour) {
+    add("coincides with " + std::to_string(contour.coincidesWith + 1));
+  }
+  if (contour.healing.joinedEnds > 0) {
+    add("healed: " + CountText(contour.healing.joinedEnds, "joint") + " closed, moved by at most " +
+        FixedNumber(contour.healing.largestMovement, kMovementDecimals) + " mm");
+  }
+  return text;
+}
+
 std::string ContourTable(const PartModel& part) {
-  TextTable table("rlrlrll");
+  TextTable table("rlrlllllll");
   for (std::size_t i = 0; i < part.contours.size(); ++i) {
     const Contour& contour = *part.contours[i];
     const std::string elements = contour.elements.size() == 1 ? "element" : "elements";
     table.Row({std::to_string(i + 1), contour.closed ? "closed" : "open",
                std::to_string(contour.elements.size()), elements,
-               "perimeter " + Millimetres(contour.perimeter), "box " + BoxText(contour.box),
-               contour.obstacle});
+               contour.usable ? DirectionText(contour) : "",
+               contour.usable ? DepthText(contour) : "",
+               "perimeter " + Millimetres(contour.perimeter),
+               contour.closed ? "surface " + Millimetres(contour.surface) : "",
+               "box " + BoxText(contour.box), RemarkText(contour)});
   }
   return table.Print("    ");
 }
@@ -44,14 +76,34 @@ std::size_t CountClosed(const PartModel& part) {
   return closed;
 }
 
+nlohmann::json IndexJson(std::size_t contour) {
+  return contour == kNoContour ? nlohmann::json() : nlohmann::json(contour);
+}
+
 nlohmann::json ContourJson(const Contour& contour) {
-  return {{"closed", contour.closed},
-          {"usable", contour.usable},
-          {"obstacle", contour.obstacle},
-          {"elements", contour.elements.size()},
-          {"perimeter", contour.perimeter},
-          {"area", std::fabs(contour.signedArea)},
-          {"box", {contour.box.minX, contour.box.minY, contour.box.maxX, contour.box.maxY}}};
+  nlohmann::json json = {
+      {"closed", contour.closed},
+      {"usable", contour.usable},
+      {"obstacle", contour.obstacle},
+      {"elements", contour.elements.size()},
+      {"perimeter", contour.perimeter},
+      {"area", contour.surface},
+      {"box", {contour.box.minX, contour.box.minY, contour.box.maxX, contour.box.maxY}},
+      {"healing",
+       {{"joints", contour.healing.joinedEnds},
+        {"largestMovement", contour.healing.largestMovement}}}};
+  if (!contour.usable) return json;
+  json["direction"] = DirectionText(contour);
+  json["depth"] = contour.depth;
+  json["parent"] = IndexJson(contour.parent);
+  json["coincidesWith"] = IndexJson(contour.coincidesWith);
+  return json;
+}
+
+nlohmann::json CrossingJson(const Crossing& crossing) {
+  nlohmann::json points = nlohmann::json::array();
+  for (const GX2DPoint& p : crossing.points) points.push_back({p.X, p.Y});
+  return {{"contours", {crossing.first, crossing.second}}, {"points", points}};
 }
 
 nlohmann::json ComplaintJson(const Complaint& complaint) {
@@ -94,6 +146,7 @@ std::string InfoText(const PartModel& part) {
   head.Row({"contours", std::to_string(closed) + " closed, " +
                             std::to_string(part.contours.size() - closed) + " open or branching"});
   text += head.Print("  ") + ContourTable(part);
+  for (const Crossing& crossing : part.crossings) text += "  " + CrossingText(crossing) + "\n";
   if (!part.usable) text += "  no part: " + part.obstacle + "\n";
   for (const Complaint& complaint : drawing.complaints) text += "  " + ToLine(complaint) + "\n";
   return text;
@@ -119,6 +172,9 @@ nlohmann::json InfoJson(const PartModel& part) {
   json["paperSpace"] = drawing.paperSpaceByType;
   json["contours"] = nlohmann::json::array();
   for (const auto& contour : part.contours) json["contours"].push_back(ContourJson(*contour));
+  json["crossings"] = nlohmann::json::array();
+  for (const Crossing& crossing : part.crossings)
+    json["crossings"].push_back(CrossingJson(crossing));
   json["part"] = {{"usable", part.usable}, {"obstacle", part.obstacle}};
   json["complaints"] = nlohmann::json::array();
   for (const Complaint& complaint : drawing.complaints) {

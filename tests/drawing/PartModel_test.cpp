@@ -184,6 +184,55 @@ TEST(BuildPart, NamesSeveralContoursThatNoOtherOneHolds) {
   EXPECT_EQ(part.obstacle.find("(4, 4)"), std::string::npos) << part.obstacle;
 }
 
+TEST(BuildPart, TakesEverythingInsideAsCutOutAtAnyDepth) {
+  const PartModel part =
+      support::PartOf({RectangleContour(0, 0, 100, 60), CircleContour(50, 30, 20),
+                       CircleContour(50, 30, 10), CircleContour(10, 10, 2)});
+  ASSERT_TRUE(part.usable) << part.obstacle;
+  ASSERT_EQ(part.cutOuts.size(), 3u);  // From long to short.
+  EXPECT_EQ(part.cutOuts[0]->source->depth, 1u);
+  EXPECT_EQ(part.cutOuts[1]->source->depth, 2u);
+  EXPECT_EQ(part.cutOuts[2]->source->depth, 1u);
+}
+
+TEST(BuildPart, DoesNotTakeWhatStandsInANotchForACutOut) {
+  const PartModel part = support::PartOf(
+      {support::PolygonContour({{0, 0}, {100, 0}, {100, 20}, {20, 20}, {20, 100}, {0, 100}}),
+       CircleContour(60, 60, 30)});
+  EXPECT_FALSE(part.usable);
+  EXPECT_NE(part.obstacle.find("from (30, 30) to (90, 90)"), std::string::npos) << part.obstacle;
+}
+
+TEST(BuildPart, SaysWhereContoursCross) {
+  const PartModel outside =
+      support::PartOf({RectangleContour(0, 0, 100, 60), RectangleContour(80, 20, 120, 40)});
+  EXPECT_FALSE(outside.usable);
+  EXPECT_NE(outside.obstacle.find("contours 1 and 2 cross at (100, 20) and (100, 40)"),
+            std::string::npos)
+      << outside.obstacle;
+  // Two cut-outs that cross are both in the part, and the crossing is told.
+  const PartModel inside =
+      support::PartOf({RectangleContour(0, 0, 100, 60), RectangleContour(10, 10, 40, 30),
+                       RectangleContour(30, 0.5, 50, 20)});
+  ASSERT_TRUE(inside.usable) << inside.obstacle;
+  EXPECT_EQ(inside.cutOuts.size(), 2u);
+  ASSERT_EQ(inside.crossings.size(), 1u);
+  EXPECT_EQ(inside.crossings[0].first, 1u);
+  EXPECT_EQ(inside.crossings[0].second, 2u);
+}
+
+TEST(BuildPart, AnOutlineThatIsDrawnTwiceIsOneOutline) {
+  const PartModel part =
+      support::PartOf({RectangleContour(0, 0, 100, 60), RectangleContour(0, 0, 100, 60)});
+  // The eight sides hang together: every corner is a junction.
+  EXPECT_FALSE(part.usable);
+  const PartModel round = support::PartOf({CircleContour(0, 0, 50), CircleContour(0, 0, 50)});
+  ASSERT_TRUE(round.usable) << round.obstacle;
+  EXPECT_EQ(round.outer->source, round.contours[0].get());
+  ASSERT_EQ(round.cutOuts.size(), 1u);
+  EXPECT_EQ(round.cutOuts[0]->source->coincidesWith, 0u);
+}
+
 TEST(BuildPart, NamesOnlySomeOfVeryMany) {
   support::PartSketch many;
   for (int i = 0; i < 500; ++i) many.push_back(CircleContour(10.0 * i, 0, 1));

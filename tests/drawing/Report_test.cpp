@@ -1,5 +1,6 @@
 #include "drawing/Report.h"
 
+#include "PartSketch.h"
 #include "drawing/TextTable.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,54 @@ TEST(InfoText, TellsWhyADrawingIsNotUsable) {
   const drawing::PartModel part = drawing::BuildPart(std::move(refused));
   EXPECT_EQ(drawing::InfoText(part), "a.dxf\n  not usable: it is empty\n");
   EXPECT_EQ(drawing::InfoJson(part)["refusal"], "it is empty");
+}
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(InfoText, TellsDirectionDepthParentAndFiguresOfEveryContour) {
+  const drawing::PartModel part =
+      support::PartOf({support::RectangleContour(0, 0, 100, 60),
+                       support::Reversed(support::RectangleContour(10, 10, 50, 50)),
+                       support::RectangleContour(20, 20, 30, 30)});
+  const std::string text = drawing::InfoText(part);
+  EXPECT_TRUE(Contains(text, "CCW  depth 0       perimeter 320.0000  surface 6000.0000")) << text;
+  EXPECT_TRUE(Contains(text, "CW   depth 1 in 1  perimeter 160.0000  surface 1600.0000")) << text;
+  EXPECT_TRUE(Contains(text, "CCW  depth 2 in 2  perimeter 40.0000   surface 100.0000")) << text;
+  const auto json = drawing::InfoJson(part)["contours"];
+  EXPECT_EQ(json[0]["direction"], "CCW");
+  EXPECT_EQ(json[1]["direction"], "CW");
+  EXPECT_TRUE(json[0]["parent"].is_null());
+  EXPECT_EQ(json[2]["parent"], 1);
+  EXPECT_EQ(json[2]["depth"], 2);
+  EXPECT_EQ(json[1]["area"], 1600.0);
+  EXPECT_EQ(json[1]["perimeter"], 160.0);
+  EXPECT_TRUE(json[1]["coincidesWith"].is_null());
+}
+
+TEST(InfoText, TellsWhatHealingMoved) {
+  support::SketchContour shape = support::RectangleContour(0, 0, 10, 10);
+  shape[1].start = {10.00008, 0.00006};
+  const drawing::PartModel part = support::PartOf({shape});
+  const std::string text = drawing::InfoText(part);
+  EXPECT_TRUE(Contains(text, "healed: 1 joint closed, moved by at most 0.000100 mm")) << text;
+  EXPECT_EQ(drawing::InfoJson(part)["contours"][0]["healing"]["joints"], 1);
+}
+
+TEST(InfoText, TellsWhichContoursCrossOrCoincide) {
+  const drawing::PartModel part = support::PartOf(
+      {support::RectangleContour(0, 0, 100, 60), support::RectangleContour(10, 10, 40, 30),
+       support::RectangleContour(20, 5, 30, 20), support::CircleContour(70, 30, 8),
+       support::CircleContour(70, 30, 8)});
+  const std::string text = drawing::InfoText(part);
+  EXPECT_TRUE(Contains(text, "contours 2 and 3 cross at ")) << text;
+  EXPECT_TRUE(Contains(text, "coincides with 4")) << text;
+  const auto json = drawing::InfoJson(part);
+  EXPECT_EQ(json["crossings"][0]["contours"][0], 1);
+  EXPECT_EQ(json["crossings"][0]["contours"][1], 2);
+  EXPECT_EQ(json["crossings"][0]["points"].size(), 2U);
+  EXPECT_EQ(json["contours"][4]["coincidesWith"], 3);
 }
 
 }  // namespace

@@ -28,6 +28,9 @@ TEST(Info, TellsUnitEntitiesAndContours) {
   EXPECT_TRUE(Contains(run.output, "5 closed, 0 open or branching")) << run.output;
   // Two circles of diameter 9: perimeter 9 pi = 28.2743.
   EXPECT_TRUE(Contains(run.output, "perimeter 28.2743")) << run.output;
+  // 4.5 squared times pi.
+  EXPECT_TRUE(Contains(run.output, "surface 63.6173")) << run.output;
+  EXPECT_TRUE(Contains(run.output, "depth 1 in 1")) << run.output;
   EXPECT_TRUE(run.errors.empty()) << run.errors;
 }
 
