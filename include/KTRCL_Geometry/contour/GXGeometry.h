@@ -509,15 +509,17 @@ class KTRCL_GEOMETRY_EXPORT GXGeometry {
   ///   beside other elements is met before the point is found on the contour. True with outside
   ///   for an empty list.
   /// Tolerance: `tolerance` length units, on each coordinate and inclusive, for a crossing to be
-  ///   the point, and for heights. Elements have to be met within 0.00001, or 0.0001 at their
-  ///   ends. A lone rectangle takes 0.00001 on each coordinate whatever `tolerance` is; a lone
-  ///   circle 0.00001 on the difference of the squared distance and the squared radius, a band
+  ///   the point, and for heights. Elements have to be met within 0.00001, lines within 0.0001 at
+  ///   their ends. A lone rectangle takes 0.00001 on each coordinate whatever `tolerance` is; a
+  ///   lone circle 0.00001 on the difference of the squared distance and the squared radius, a band
   ///   that narrows with the radius.
   /// Cost: linear; one pass, which allocates nothing.
   /// Caution: lines whose slope is at most 0.00001 are never crossed, however they slant. An arc
   ///   that is only touched does not count, and the very point that is touched is not on the
   ///   contour unless another element has it. Of an arc that is crossed once, points are only
-  ///   found on it where its ends lie on both sides of the level.
+  ///   found on it where its ends lie on both sides of the level. A level that passes a joint of
+  ///   two arcs by more than 0.00001 and less than `tolerance` can lose their crossing, and the
+  ///   answer is false.
   static bool IsPointInClosedContour(const GX2DElmList& contour, GX2DPoint& p,
                                      ePointInContourResult& result, double tolerance);
 
