@@ -124,7 +124,7 @@ std::string ObstacleOf(const Network& network, const Contour& contour) {
     return "its elements do not follow each other end to end, from " + WhereItBegins(contour);
   }
   if (!IsFinite(contour)) return "its lengths go beyond the range of numbers";
-  // By exact figures: to the library a hole of two small arcs has no surface.
+  // By exact figures: those of the library are wrong for small arcs.
   if (!(std::fabs(SignedArea(contour.elements)) > kLeastWidth * LengthOf(contour.elements))) {
     return "encloses no area, at " + WhereItBegins(contour);
   }
@@ -168,9 +168,9 @@ std::vector<std::unique_ptr<Contour>> BuildContours(const Drawing& drawing,
 
 bool RunsClockwise(GX2DElmList& elements) {
   if (const GX2DArc* const circle = AsFullCircle(elements)) return circle->IsClockwise();
-  // Told by the surface beforehand, since for an arc on top the library may answer and leave the
-  // flag as it was.
-  bool clockwise = GXGeometry::GetContourSurface(elements, false) > 0.0;
+  // Told by the area beforehand, since for an arc on top the library may answer and leave the flag
+  // as it was.
+  bool clockwise = SignedArea(elements) < 0.0;
   GXGeometry::CheckDirectionOfElementList(elements, clockwise, true, kChooseScanLine);
   return clockwise;
 }

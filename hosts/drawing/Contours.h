@@ -33,7 +33,8 @@ struct Contour {
   /// the surface is 0 where the contour is not closed.
   ///
   /// Caution: to the library, arcs within about 0.0014 radians of a half or a full turn are exactly
-  /// that, and very small arcs have no sweep at all. ElementLength and SignedArea are exact.
+  /// that, and arcs of a radius of about 0.01 or less have a wrong sweep, since its guards are
+  /// absolute. ElementLength and SignedArea are exact.
   double perimeter = 0.0;
   double surface = 0.0;
 
@@ -66,9 +67,10 @@ std::vector<std::unique_ptr<Contour>> BuildContours(const Drawing& drawing,
 /// Whether a closed contour is drawn clockwise.
 ///
 /// The library's CheckDirectionOfElementList decides, with its own choice of the scan line and the
-/// check for even crossings; where it gives no answer, the sign of GetContourSurface. A contour
-/// that is one full circle runs as its arc does (GX2DArc::IsClockwise): the library's surface of a
-/// circle is positive either way.
+/// check for even crossings; where it gives no answer, the sign of SignedArea. The sign of the
+/// library's GetContourSurface would do but for small arcs, with which it can be the wrong one. A
+/// contour that is one full circle runs as its arc does (GX2DArc::IsClockwise): the library's
+/// surface of a circle is positive either way.
 bool RunsClockwise(GX2DElmList& elements);
 
 /// Area that a closed chain of lines and arcs encloses, exact, counter-clockwise positive: also
