@@ -37,7 +37,9 @@ std::string DeepText(const PartModel& part) {
 std::string PartLine(const char* name, const PartModel& part) {
   const Drawing& drawing = part.drawing;
   std::string text = std::string(name) + "  " + drawing.file + ": outer contour of " +
-                     std::to_string(part.outer->elements.size()) + " elements, " +
+                     std::to_string(part.outer->elements.size()) + " elements, perimeter " +
+                     Millimetres(part.outer->source->perimeter) + ", surface " +
+                     Millimetres(part.outer->source->surface) + ", " +
                      std::to_string(part.cutOuts.size()) + " cut-outs" + DeepText(part) +
                      ", unit " + drawing.unit.name + " (" + drawing.unit.source + ")\n";
   for (const auto& contour : part.contours) {

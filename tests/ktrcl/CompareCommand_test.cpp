@@ -40,6 +40,17 @@ TEST(Compare, ExitsWithOneForAnotherPart) {
   EXPECT_TRUE(Contains(run.output, "2.0000 mm")) << run.output;
 }
 
+TEST(Compare, StatesPerimeterAndSurfaceOfTheOutline) {
+  const support::TemporaryFolder folder;
+  const std::string file = folder.Write("round.dxf",
+                                        "0\nSECTION\n2\nENTITIES\n"
+                                        "0\nCIRCLE\n8\n0\n10\n0\n20\n0\n40\n5\n"
+                                        "0\nENDSEC\n0\nEOF\n");
+  // Radius 5: perimeter 10 pi, surface 25 pi.
+  const auto run = Ktrcl("compare " + file + " " + file);
+  EXPECT_TRUE(Contains(run.output, "perimeter 31.4159, surface 78.5398")) << run.output;
+}
+
 TEST(Compare, TellsTheCountsOfAGroupThatDiffers) {
   const auto run = Compare("bracket.dxf", "bracket-extra-hole.dxf");
   EXPECT_EQ(run.status, 1);
