@@ -13,10 +13,15 @@
 #include <KTRCL_Geometry/foundation/GXCoordSystem.h>
 #include <KTRCL_Geometry/foundation/GXBoundBox.h>
 #include <KTRCL_Geometry/contour/GXGeometry.h>
+#include <KTRCL_Geometry/contour/GX2DSurroundPolygon.h>
+#include <KTRCL_Geometry/contour/GXApproximatePoints.h>
+#include <KTRCL_Geometry/contour/GXGeometryFunctions.h>
+#include <KTRCL_Geometry/contour/GXPolygonTriangulation.h>
 #include <KTRCL_Geometry/lookalike/GXLAElements.h>
 #include <KTRCL_Geometry/lookalike/GXLAContour.h>
 #include <KTRCL_Geometry/lookalike/GXLAContourInstance.h>
 #include <KTRCL_Geometry/lookalike/GXLAPart.h>
 #include <KTRCL_Geometry/lookalike/GXLAEquality.h>
 #include <KTRCL_Geometry/lookalike/CGXLAElementMerge.h>
+#include <KTRCL_Geometry/lookalike/CGXLAPartDump.h>
 // clang-format on

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstring>
 #include <deque>
+#include <exception>
 #include <list>
 #include <map>
 #include <string>
@@ -103,6 +104,41 @@ static_assert(!std::is_polymorphic_v<GX3DPointList>);
 static_assert(sizeof(GX3DPointBoolPairList) == sizeof(std::list<GX3DPointBoolPair>));
 static_assert(!std::is_polymorphic_v<GX3DPointBoolPairList>);
 
+// Contours.
+static_assert(std::is_empty_v<GXGeometry> && sizeof(GXGeometry) == 1);
+static_assert(std::is_empty_v<GXApproximatePoints> && sizeof(GXApproximatePoints) == 1);
+static_assert(std::is_empty_v<GXPolygonTriangulation> && sizeof(GXPolygonTriangulation) == 1);
+static_assert(sizeof(GXGeometryFunctions) == kTablePointer);
+static_assert(std::has_virtual_destructor_v<GXGeometryFunctions>);
+static_assert(sizeof(GX2DSurroundPoint) == kTablePointer + 8 + sizeof(GX2DElmList));
+static_assert(std::has_virtual_destructor_v<GX2DSurroundPoint>);
+static_assert(sizeof(GX2DSurroundPolygon) ==
+              kTablePointer + sizeof(std::vector<GX2DSurroundPoint*>) + 8);
+static_assert(std::has_virtual_destructor_v<GX2DSurroundPolygon>);
+static_assert(
+    std::is_same_v<GX2DSurroundPolygon::ArcPoints, std::list<std::pair<double, GX2DPoint*>>>);
+
+// Exceptions without anything of their own, each caught by its own name alone.
+template <typename Exception>
+constexpr bool IsPlainException =
+    sizeof(Exception) == sizeof(std::exception) &&
+    std::is_base_of_v<std::exception, Exception>&& std::is_default_constructible_v<Exception>;
+static_assert(IsPlainException<GXApproximatePoints::IntersectionError>);
+static_assert(IsPlainException<GXApproximatePoints::SameLineError>);
+static_assert(IsPlainException<GXApproximatePoints::NoIntersectionError>);
+static_assert(
+    !std::is_base_of_v<GXApproximatePoints::IntersectionError,
+                       GXApproximatePoints::SameLineError> &&
+    !std::is_base_of_v<GXApproximatePoints::SameLineError, GXApproximatePoints::IntersectionError>);
+static_assert(!std::is_base_of_v<GXApproximatePoints::IntersectionError,
+                                 GXApproximatePoints::NoIntersectionError> &&
+              !std::is_base_of_v<GXApproximatePoints::NoIntersectionError,
+                                 GXApproximatePoints::IntersectionError>);
+static_assert(!std::is_base_of_v<GXApproximatePoints::SameLineError,
+                                 GXApproximatePoints::NoIntersectionError> &&
+              !std::is_base_of_v<GXApproximatePoints::NoIntersectionError,
+                                 GXApproximatePoints::SameLineError>);
+
 // Look-alike engine.
 static_assert(sizeof(GXLAElement) == 8);
 static_assert(sizeof(GXLAElementSegment) == 16 && std::is_abstract_v<GXLAElementSegment>);
@@ -138,8 +174,15 @@ static_assert(sizeof(GXBiMapLAContourInstanceEquality) ==
                   sizeof(std::map<GXLAContourInstance*, int>));
 static_assert(!std::is_polymorphic_v<bimap<int, double>>);
 static_assert(sizeof(CGXLAElementMerge) == 8);
+static_assert(sizeof(CGXLAPartDump) == 8 && std::has_virtual_destructor_v<CGXLAPartDump>);
+static_assert(sizeof(IGXLAPartDump_GXLAContourInstanceXmlAttribute) == 8);
+static_assert(std::is_abstract_v<IGXLAPartDump_GXLAContourInstanceXmlAttribute>);
+static_assert(!std::has_virtual_destructor_v<IGXLAPartDump_GXLAContourInstanceXmlAttribute>);
 
 // The numbers behind the enumerators.
+static_assert(GXGeometry::ePointOutsideContour == 0 && GXGeometry::ePointInsideContour == 1 &&
+              GXGeometry::ePointOnContour == 2);
+static_assert(sizeof(GXGeometry::ePointInContourResult) == 4);
 static_assert(GXLAContour::eNmbSegmentsEqual == 0 && GXLAContour::eNmbSegmentsMayDiffer == 1);
 static_assert(GXLAContour::eGeometryNotSet == 0 && GXLAContour::eGeometryForward == 1 &&
               GXLAContour::eGeometryBackward == 2);
@@ -255,6 +298,22 @@ TEST(Layout, ElementListsKeepTheSequenceBehindTheTable) {
   EXPECT_EQ(OffsetOfBase<std::deque<GX2DLine*>>(GX2DLineList()), 8U);
   EXPECT_EQ(OffsetOfBase<std::list<GX2DElmList*>>(GX2DElmListRefList()), 8U);
   EXPECT_EQ(OffsetOfBase<GX2DElmListRefList>(GX2DElmListList()), 0U);
+}
+
+TEST(Layout, TheRingAroundAContour) {
+  const GX2DSurroundPoint vertex;
+  EXPECT_EQ(OffsetOf(vertex, vertex.Point), 8U);
+  EXPECT_EQ(OffsetOf(vertex, vertex.Elements), 16U);
+  const GX2DSurroundPolygon ring;
+  EXPECT_EQ(OffsetOfBase<std::vector<GX2DSurroundPoint*>>(ring), 8U);
+  EXPECT_EQ(OffsetOf(ring, ring.OrigElmList), 8 + sizeof(std::vector<GX2DSurroundPoint*>));
+}
+
+TEST(Layout, ExceptionsOfTheLibraryAreCaughtByTheirOwnName) {
+  EXPECT_THROW(throw GXApproximatePoints::IntersectionError(),
+               GXApproximatePoints::IntersectionError);
+  EXPECT_THROW(throw GXApproximatePoints::SameLineError(), GXApproximatePoints::SameLineError);
+  EXPECT_THROW(throw GXApproximatePoints::NoIntersectionError(), std::exception);
 }
 
 TEST(Layout, ElementsOfAContour) {

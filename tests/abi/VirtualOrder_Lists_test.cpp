@@ -1,5 +1,5 @@
-// The place of every virtual operation of the lists, of the look-alike engine and of the companion
-// types in the table of its class.
+// The place of every virtual operation of the lists, of the ring around a contour, of the
+// look-alike engine and of the companion types in the table of its class.
 #include <KTRCL_DataTypes/KTRCL_DataTypes.h>
 #include <KTRCL_Geometry/KTRCL_Geometry.h>
 
@@ -24,6 +24,11 @@ class OpenList2D : public GX2DElmList {
 class OpenList3D : public GX3DElmList {
  public:
   using GX3DElmList::ModifyPntForRepair;
+};
+class OpenRing : public GX2DSurroundPolygon {
+ public:
+  using GX2DSurroundPolygon::AddArcPoint;
+  using GX2DSurroundPolygon::AddPoint;
 };
 
 TEST(VirtualOrder, GX2DElmList) {
@@ -154,6 +159,32 @@ TEST(VirtualOrder, GX2DElmListList) {
       .End<GX2DElmListList>();
 }
 
+TEST(VirtualOrder, GX2DSurroundPolygon) {
+  using Ring = GX2DSurroundPolygon;
+  Table()
+      .Destructor()
+      .Next("ConstructFrom2DElmList", &Ring::ConstructFrom2DElmList)
+      .Next("GetTopMaxRightLeftFromX", &Ring::GetTopMaxRightLeftFromX)
+      .Next("GetTopMinLeftRightFromX", &Ring::GetTopMinLeftRightFromX)
+      .Next("GetTopMinLeftMaxRight", &Ring::GetTopMinLeftMaxRight)
+      .Next("GetMinLeft", &Ring::GetMinLeft)
+      .Next("GetMaxRight", &Ring::GetMaxRight)
+      .Next("GetBottomMinLeftMaxRight", &Ring::GetBottomMinLeftMaxRight)
+      .Next("GetTrimEqualInY", &Ring::GetTrimEqualInY)
+      .Next("GetMinLeftMaxRightAtY", &Ring::GetMinLeftMaxRightAtY)
+      .Next("ClearWithContents", &Ring::ClearWithContents)
+      .Next("GetConstrLineIntersection", &Ring::GetConstrLineIntersection)
+      .Next("GetOrigElmList", &Ring::GetOrigElmList)
+      .Next("AddArcPoint", &OpenRing::AddArcPoint)
+      .Next("AddPoint", &OpenRing::AddPoint)
+      .End<GX2DSurroundPolygon>();
+}
+
+TEST(VirtualOrder, OfTheOtherClassesOfContoursTheDestructorAlone) {
+  Table().Destructor().End<GX2DSurroundPoint>();
+  Table().Destructor().End<GXGeometryFunctions>();
+}
+
 TEST(VirtualOrder, GXLAElementsHaveADestructorAndSegmentsTheirKind) {
   Table().Destructor().End<GXLAElement>();
   Table().Destructor().End<GXLAElementAngle>();
@@ -185,6 +216,12 @@ TEST(VirtualOrder, OfTheLookAlikeEngineMostClassesHaveNothingButADestructor) {
   Table().Destructor().End<GXLAContourInstanceMapping>();
   Table().Destructor().End<GXBiMapLAContourInstanceEquality>();
   Table().Destructor().End<CGXLAElementMerge>();
+  Table().Destructor().End<CGXLAPartDump>();
+}
+
+TEST(VirtualOrder, TheHostsAttributesOfADumpHaveOneOperationAndNoDestructor) {
+  using Attributes = IGXLAPartDump_GXLAContourInstanceXmlAttribute;
+  Table().Next("AddXmlAttribute", &Attributes::AddXmlAttribute).End<Attributes>();
 }
 
 TEST(VirtualOrder, GXLAContourInstanceAddsNothingToTheListOfElements) {

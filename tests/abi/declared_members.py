@@ -20,6 +20,7 @@ NESTED = {
     "eReversedGeometry": "GXLAContour::eReversedGeometry",
     "ePointInContourResult": "GXGeometry::ePointInContourResult",
     "GXLAContourDirection": "GXLAContourParameters::GXLAContourDirection",
+    "ArcPoints": "std::list<std::pair<double, GX2DPoint*>>",
 }
 
 
@@ -152,7 +153,8 @@ def members(name, body):
 
 # Iterators of the containers that a class derives from are written shortly in its declarations.
 DEQUE = "std::_Deque_iterator<GX2DElement*,GX2DElement*&,GX2DElement**>"
-VECTOR = "std::vector<GXLAElement*,std::allocator<GXLAElement*>>"
+VECTOR = "std::vector<%s*,std::allocator<%s*>>"
+IN_VECTORS = ("GXLAElement", "GX2DSurroundPoint")
 
 
 def exported(nm, library):
@@ -167,11 +169,13 @@ def exported(nm, library):
         const = " const" if name.endswith(" const") else ""
         name = re.sub(r"\s*([&*<>,])\s*", r"\1", name.removesuffix(" const"))
         name = name.replace(DEQUE, "iterator")
-        for stars, word in (("*const*", "const_iterator"), ("**", "iterator")):
-            plain = "__gnu_cxx::__normal_iterator<GXLAElement%s,%s>" % (stars, VECTOR)
-            backward = word.replace("iterator", "reverse_iterator")
-            name = name.replace("std::reverse_iterator<%s>" % plain, backward)
-            name = name.replace(plain, word)
+        for element in IN_VECTORS:
+            for stars, word in (("*const*", "const_iterator"), ("**", "iterator")):
+                plain = "__gnu_cxx::__normal_iterator<%s%s,%s>" % (
+                    element, stars, VECTOR % (element, element))
+                backward = word.replace("iterator", "reverse_iterator")
+                name = name.replace("std::reverse_iterator<%s>" % plain, backward)
+                name = name.replace(plain, word)
         name = re.sub(r"std::__cxx11::basic_string<char,[^>]*>,std::allocator<char>>",
                       "std::string", name)
         name = re.sub(r"(iterator|string)const\b", r"\1 const", name.replace("__cxx11::", ""))

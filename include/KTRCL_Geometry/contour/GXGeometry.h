@@ -3,6 +3,8 @@
 
 #include <KTRCL_Geometry/Export.h>
 
+#include <vector>
+
 class GX2DArc;
 class GX2DElement;
 class GX2DElmList;
@@ -690,4 +692,222 @@ class KTRCL_GEOMETRY_EXPORT GXGeometry {
   /// The same in space, where the sense of two arcs is told by their unit normals, 0.0001 on each
   /// component; arcs in different planes are not joined.
   static bool Stitch(GX3DElmList& list, const bool& stitchLines, const bool& stitchArcs);
+
+  /// @name Profiles in space -- src/contour/GXGeometry_Profiles.cpp
+  //
+  // A profile is a list in space that lies in one coordinate plane. `plane` is 1, 2 or 3 as in
+  // `Convert3DPointsByProjection`; the first two projected coordinates, called x and y below, are
+  // the plane of the profile and the third is the depth. Arcs count by their chords; kinds that
+  // are neither line nor arc, and null entries, are passed over. Lists are not changed unless told.
+
+  /// Crossings of a bounded line with a profile. `point` receives the last one in list order, with
+  /// the depth of the line, in the caller's axes.
+  ///
+  /// Returns: 0, always.
+  /// Tolerance: a crossing counts strictly between the shares 0.0001 and 0.9999 of the line and of
+  ///   the element. Below 0.0001 in x the line or element is upright; slopes that differ by no more
+  ///   than 0.0001 are parallel. An upright element has to be higher than 0.0001.
+  /// Degenerate: nothing is found where both ends of the line coincide within these bounds.
+  /// Caution: the result says nothing; preset `point` and compare.
+  /// Caution: a crossing at a joint of two elements or at an end of the line does not count, and a
+  ///   bulge of an arc across the line is not seen.
+  static int IntersectionPointProfile(const GX3DLine& line, GX3DPoint& point, GX3DElmList& list,
+                                      const int& plane);
+
+  /// The same crossings: `first` receives the first in list order and `second` the last, where
+  /// there is more than one. What is not found stays unwritten.
+  ///
+  /// Returns: 0 for no crossing, 1 for one, 2 for more.
+  static int IntersectionPointsProfile(const GX3DLine& line, GX3DPoint& first, GX3DPoint& second,
+                                       GX3DElmList& list, const int& plane);
+
+  /// Side to which a profile turns first: the first line whose end is off the carrier of the first
+  /// element decides. An arc in front stands for the line from its center to its start; other arcs
+  /// are passed over.
+  ///
+  /// Returns: 1 for a turn to the left, and where all is in line (`PointsInLine`); 0 for a turn to
+  ///   the right and for an empty list.
+  /// Degenerate: a first element that is neither line nor arc stands for a line of length zero at
+  ///   the origin, with which every point is in line: 1.
+  static int CheckDirection3DElmList(GX3DElmList& list, const int& plane);
+
+  /// 0 where the line meets the start of the element (`Get3DLineIntersection` with the element, or
+  /// the chord of an arc, within 0.0001 on each coordinate), otherwise `type`, also where there is
+  /// no crossing, for other kinds and for a null pointer.
+  static int CheckFurtherOnElement(const GX3DLine& line, GX3DElement* const& element,
+                                   const int& type);
+
+  /// Whether a bounded line lies inside a profile: both ends are on the inner side of every
+  /// element, or the profile is crossed an odd number of times towards each end of the line
+  /// (`GetTypeIntersectionLines` 1 and 2, without crossings at the start of an element).
+  ///
+  /// Returns: 1 inside, 0 not. 1 for an empty list.
+  /// Caution: the inner side of a profile that turns left first (`CheckDirection3DElmList`, the
+  ///   first turn alone) is the right one, and the other way round.
+  static int LineIn3DElmList(GX3DElmList& list, const GX3DLine& line, const int& plane);
+
+  /// Destroys and erases every element whose `GetMinY` is strictly below `minY`. Y is the global
+  /// one; no projection takes part.
+  ///
+  /// Degenerate: null entries stay.
+  static void Filter3DElementListByMinY(GX3DElmList& list, const double& minY);
+
+  /// @name Constructions -- src/contour/GXGeometry_Constructions.cpp
+
+  /// Where the line beside a bent corner ends. The corner is `p1` with legs towards `p0` and `p2`;
+  /// `p3` tells the side, `angle` is the inner angle in degrees, `length` the leg behind the bend,
+  /// `r` the bend radius and `t` the thickness. x and y of `result[0]` and, behind an answer of 2,
+  /// of `result[1]` are written; z and the third entry never are.
+  ///
+  /// Returns: 1 for an angle above 1.5707963267948965 rad (right angles included) with `p3` on the
+  ///   side of `p2`; 2 otherwise.
+  /// Tolerance: a leg, or the tangent of half the angle, is nothing within 0.00001, inclusive. No
+  ///   point moves along a leg of nothing; a tangent of nothing leaves both points at `p0`.
+  /// Degenerate: a full turn is taken off an angle beyond half a turn, of either sign, and the side
+  ///   is reversed; then the sign is dropped.
+  static int GetLinesWithThickness(const GX2DPoint& p0, const GX2DPoint& p1, const GX2DPoint& p2,
+                                   const GX2DPoint& p3, const double& angle, const double& length,
+                                   const double& r, const double& t, GX3DPoint (&result)[3]);
+
+  /// Fillet of two lines that share an end: from the tangent point on `l2` to that on `l1`, with
+  /// its middle on the arc (`GX2DArc::Normalize`).
+  ///
+  ///      |
+  ///     end        l1 upright, l2 level
+  ///      | .
+  ///      |    start
+  ///      +--------------
+  ///
+  /// Tolerance: 0.0001 on each coordinate for the shared end; 0.00001 for directions along an axis.
+  /// Caution: there is no failure result. Without a shared end, with parallel lines and with a
+  ///   radius that does not fit, the arc follows from the formulas and means nothing; compare its
+  ///   center with what is expected.
+  static void Construct2DArcBetween2Lines(const GX2DLine& l1, const GX2DLine& l2,
+                                          const double& radius, GX2DArc& arc);
+
+  /// Appends points of an ellipse, counter-clockwise, every 0.6 degrees of the parameter from
+  /// `startParam` (radians), and last the point of `endParam` exactly. `axisEnd` is the end of the
+  /// major axis, at parameter 0; `ratio` is the minor axis by the major one.
+  ///
+  /// Degenerate: nothing is appended where `endParam` is at most `startParam`. Other parameters
+  ///   that are not finite, or so large that the steps get lost, append the end point only, if that
+  ///   is finite. No call appends more than 1,000,000 points.
+  /// Caution: the major axis is as long as its distance in space, z included.
+  static void ConvertEllipseToPoints(const GX3DPoint& centre, const GX3DPoint& axisEnd,
+                                     const double& ratio, const double& startParam,
+                                     const double& endParam, std::vector<GX2DPoint>& points);
+
+  /// Appends the two lines from a point to the circle of an arc that touch it.
+  ///
+  /// Returns: false, with nothing appended, where the squared distance from the center is not above
+  ///   the squared radius by more than 0.0001.
+  /// Caution: false as well, although both lines are appended, for a point above or below the
+  ///   center (nearer than 0.0001 in x).
+  /// Caution: the equation of the circle is solved in the coordinates of the drawing. Far from the
+  ///   origin digits are lost, most for a point nearly above the center, until ends are off the
+  ///   circle, NaN, or false comes without a line.
+  static bool GetLinesTangentToArcFromPoint(const GX2DPoint& p, const GX2DArc& arc,
+                                            std::vector<GX2DLine>& lines);
+
+  /// Whether `p2` is the rightmost point of the circle through three points: further right of the
+  /// center than the radius less 0.000001, strictly.
+  ///
+  /// Degenerate: points in line are measured from the origin, the center that was never found.
+  static bool IsPointXExternalPointOnArc(const GX3DPoint& p1, const GX3DPoint& p2,
+                                         const GX3DPoint& p3);
+
+  /// Center of the circle through three points in space.
+  ///
+  /// Returns: 1; 0, with `centre` untouched, where the points are in line (`PointsInLine`).
+  static int GetCenterArcBy3Points(const GX3DPoint& a, const GX3DPoint& b, const GX3DPoint& c,
+                                   GX3DPoint& centre);
+
+  /// Cuts an arc at a point: `first` runs from its start to `p`, `second` from `p` to its end. The
+  /// middle of `second` is a quarter turn behind `p`, or an eighth where that makes `second` a full
+  /// circle (`GX2DArc::IsCircle`, so also where its end is a quarter turn behind `p`). `p` need not
+  /// lie on the arc.
+  ///
+  /// Caution: `first` keeps the middle of the whole arc, also where that lies beyond `p`.
+  static void Divide2DArcAtPoint(GX2DArc arc, const GX2DPoint& p, GX2DArc& first, GX2DArc& second);
+
+  /// Axis and angle, in radians, of a rotation matrix.
+  ///
+  /// Degenerate: a matrix without rotation gives the axis of length 0 and the angle 0.
+  /// Tolerance: 0.0001 on each component for half a turn; below 0.05 rad the axis is taken from the
+  ///   skew part of the matrix, and the angle is its length.
+  /// Caution: the sign is taken from a sum that has the z term twice and no x term, so rotations
+  ///   about axes near x may come out with the wrong sign.
+  /// Caution: half a turn is looked for first, at that absolute tolerance, so a tiny rotation,
+  ///   whose raw axis is short, may come out as half a turn.
+  static void GetRotationAxisAndAngle(const GXColBasedTransformMatrix& matrix, GXVector& axis,
+                                      double& angle);
+
+  /// @name Searches in arrays of points -- src/contour/GXGeometry_PointSearches.cpp
+
+  /// Of a grid of points, the one whose distances to the point of its row and of its column exceed
+  /// two lengths by the smallest sum; of equal ones the first, row by row. With it its row and
+  /// column point are written. `lastRow` and `lastColumn` are the last indexes, inclusive.
+  ///
+  /// Degenerate: without a point that exceeds both, and for a null pointer, nothing is written.
+  ///   Columns beyond the eighth are not looked at.
+  static void DeterminePointByLength(GX2DPoint& best, GX2DPoint& bestRow, GX2DPoint& bestColumn,
+                                     GX2DPoint (*grid)[8], GX2DPoint* rows, int lastRow,
+                                     GX2DPoint* columns, int lastColumn, const double& rowLength,
+                                     const double& columnLength);
+
+  /// Copies the points that lie in the direction from `origin` to `target`, in order, to `found`,
+  /// which has room for nine; the search ends with the ninth.
+  ///
+  /// Returns: number of points found minus 1, so -1 for none, for a `count` below 1 and for a null
+  ///   pointer.
+  /// Tolerance: 0.0001 on the cosine of the angle, inclusive.
+  /// Degenerate: a point at the origin has no direction and is not found, and with `target` at the
+  ///   origin none is.
+  static int FindPointInList(GX2DPoint* points, GX2DPoint* found, int count,
+                             const GX2DPoint& origin, const GX3DPoint& target);
+
+  /// Whether `a` is `distanceB` away from `b` and `distanceC` away from `c`, 0.0001, inclusive.
+  static bool CheckIfPointAtDistanceFrom2Points(const GX2DPoint& a, const GX2DPoint& b,
+                                                const double& distanceB, const GX2DPoint& c,
+                                                const double& distanceC);
+
+  /// @name Surrounding lines -- src/contour/GXGeometry_SurroundingPolygon.cpp
+
+  /// Line from the point, turned counter-clockwise from the radius to it, as long as the radius.
+  /// The point need not lie on the arc, and its sense does not count. Always true.
+  static bool GetTangentLineToArcAtPoint(const GX2DArc& arc, const GX2DPoint& point,
+                                         GX2DLine& tangent);
+
+  /// The same at the start of the arc.
+  static bool GetTangentLineToArcAtStart(const GX2DArc& arc, GX2DLine& tangent);
+
+  /// The same at the end of the arc.
+  static bool GetTangentLineToArcAtEnd(const GX2DArc& arc, GX2DLine& tangent);
+
+  /// Replaces `target` by the points of a polygon around a closed contour of lines and arcs: where
+  /// neighbouring lines meet, their crossing; for a fillet between two lines, their corner; for any
+  /// other arc its start, middle and end. `target` must not be `source`, and owns its new points.
+  ///
+  /// Returns: false for a null pointer, and then nothing changes.
+  /// Tolerance: an arc is the fillet of its lines where the center of the true one
+  ///   (`Construct2DArcBetween2Lines`) is nearer than 0.001, strictly.
+  /// Degenerate: other kinds and null entries add nothing and do not count as lines.
+  /// Caution: where a line goes on in the same direction, their joint is left out.
+  /// Caution: an arc whose start differs in any bit from its joint with the element before (the
+  ///   origin where there is none) is taken the other way round; the arc itself stays.
+  static bool GetSurroundingPolygon(GX2DElmList* const& source, GX2DElmList* const& target);
+
+  /// Rotation in degrees, from 0 up to but not including 90, for which the upright box of a contour
+  /// is smallest, tried every `step` degrees. With `snap` the direction of a line that is nearer to
+  /// that than half a step is taken instead, the nearest one.
+  ///
+  /// Returns: 0 for a box with an area below 0.0001.
+  /// Tolerance: boxes are compared exactly; of equal ones the first stays.
+  /// Degenerate: a step that is NaN, not above 0, from 90 on, or so small that it gets lost means
+  ///   no search; no more than 1,000,000 angles are tried.
+  /// Caution: directions are measured against an upright line from (x, y) to (x, x + 5), which
+  ///   points up or down as x + 5 lies to y, so a line may be taken for its opposite. Where the
+  ///   nearest is measured at exactly 0, there is no snap. The result of a snap can lie outside 0
+  ///   to 90.
+  static double GetAngleWithMinBoundingBox(const GX2DElmList& list, double step, bool snap);
 };
