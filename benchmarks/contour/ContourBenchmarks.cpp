@@ -12,17 +12,27 @@ namespace {
 
 void AddAllJobs() {
   AddReferenceAnswers();
+  AddReferenceAnswersOnShapes();
   AddIntersectionJobs();
   AddClassificationJobs();
   AddCleanUpJobs();
+  AddRingJobs();
+  AddRingQueryJobs();
+  AddSurroundingPolygonJobs();
+  AddConstructionJobs();
+  AddApproximationJobs();
+  AddOffsetJobs();
+  AddTriangulationJobs();
 #ifdef KTRCL_BENCHMARKS_WITH_GEOS
   AddGeosJobs();
+  AddGeosJobsOnShapes();
 #endif
 #ifdef KTRCL_BENCHMARKS_WITH_BOOST
   AddBoostJobs();
 #endif
 #ifdef KTRCL_BENCHMARKS_WITH_CGAL
   AddCgalJobs();
+  AddCgalJobsOnShapes();
 #endif
 }
 

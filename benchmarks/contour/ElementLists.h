@@ -2,11 +2,13 @@
 #pragma once
 
 #include "TestContours.h"
+#include "TestShapes.h"
 
 #include <KTRCL_Geometry/elements/GX2DElements.h>
 #include <KTRCL_Geometry/elements/GXElementLists.h>
 
 #include <cstddef>
+#include <vector>
 
 namespace contour_benchmarks {
 
@@ -25,6 +27,28 @@ inline void FillWithArcs(GX2DElmList& list, const Corners& corners) {
         new GX2DArc(PointAt(bulge.center), PointAt(bulge.start), PointAt(bulge.end), false));
   }
 }
+
+inline void FillWithPieces(GX2DElmList& list, const Pieces& pieces) {
+  for (const Piece& piece : pieces) {
+    const GX2DPoint start = PointAt(piece.start);
+    const GX2DPoint end = PointAt(piece.end);
+    if (piece.isArc) {
+      auto* const arc = new GX2DArc(PointAt(piece.center), start, end, piece.isClockwise);
+      arc->Normalize();
+      list.push_back(arc);
+    } else {
+      list.push_back(new GX2DLine(start, end));
+    }
+  }
+}
+
+inline std::vector<GX2DPoint> PointsAt(const Corners& corners) {
+  std::vector<GX2DPoint> points;
+  for (const Corner& c : corners) points.push_back(PointAt(c));
+  return points;
+}
+
+inline Corner CornerAt(const GX2DPoint& p) { return {p.X, p.Y}; }
 
 inline Corners CornersOf(const GX2DPointList& points) {
   Corners corners;

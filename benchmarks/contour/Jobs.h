@@ -10,7 +10,8 @@
 //     Add<Surface>("BM_GEOS_Surface_Lines");
 //
 // Names are BM_<library>_<operation>_<case>, with _<variant> behind where a library has several
-// ways. Jobs of one operation and case have to give one answer.
+// ways; for this library its class stands in front. Jobs of one operation and case have to give one
+// answer.
 #pragma once
 
 #include "TestContours.h"
@@ -37,6 +38,8 @@ struct Check {
 
 inline constexpr std::int64_t kFewest = 10;
 inline constexpr std::int64_t kMost = 10000;
+/// Answers are compared up to `kMost` only.
+inline constexpr std::int64_t kMostOfQuickJobs = 100000;
 
 /// All jobs that were added, in order.
 inline std::vector<Check>& Checks() {
@@ -63,6 +66,20 @@ inline Answer CornersAsAnswer(const Corners& corners) {
     answer.push_back(c.y);
   }
   return answer;
+}
+
+/// The corners of a ring, whichever comes first and whichever way it runs.
+inline Answer RingAsAnswer(Corners ring) {
+  double twiceArea = 0.0;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Corner& next = ring[i + 1 == ring.size() ? 0 : i + 1];
+    twiceArea += ring[i].x * next.y - ring[i].y * next.x;
+  }
+  if (twiceArea < 0.0) std::reverse(ring.begin(), ring.end());
+  const auto leftmost = std::min_element(
+      ring.begin(), ring.end(), [](const Corner& a, const Corner& b) { return a.x < b.x; });
+  std::rotate(ring.begin(), leftmost, ring.end());
+  return CornersAsAnswer(ring);
 }
 
 template <typename Job>
@@ -98,12 +115,8 @@ void TimeOnCopies(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
 }
 
-// Google Benchmark keeps what is registered; the analyzer of clang-tidy takes it for lost.
-
-/// For 10 to 10,000 elements, with the growth that fits best.
-inline void ForAllSizes(benchmark::internal::Benchmark* timed) {
-  timed->RangeMultiplier(10)->Range(kFewest, kMost)->Complexity();
-}
+// All are timed for 10 to 10,000 elements or more, with the growth that fits best. Google Benchmark
+// keeps what is registered; the analyzer of clang-tidy takes it for lost.
 
 template <typename Job>
 void AddCheck(const char* name) {
@@ -111,27 +124,41 @@ void AddCheck(const char* name) {
 }
 
 template <typename Job>
-void Add(const char* name) {
+void Add(const char* name, std::int64_t most = kMost) {
   AddCheck<Job>(name);
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
-  BENCHMARK(Time<Job>)->Name(name)->Apply(ForAllSizes);
+  BENCHMARK(Time<Job>)->Name(name)->RangeMultiplier(10)->Range(kFewest, most)->Complexity();
 }
 
 template <typename Job>
 void AddOnCopies(const char* name) {
   AddCheck<Job>(name);
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
-  BENCHMARK(TimeOnCopies<Job>)->Name(name)->Apply(ForAllSizes);
+  BENCHMARK(TimeOnCopies<Job>)
+      ->Name(name)
+      ->RangeMultiplier(10)
+      ->Range(kFewest, kMost)
+      ->Complexity();
 }
 
 // Where the jobs come from. Those of the library are added before those of its peers.
 
 void AddReferenceAnswers();
+void AddReferenceAnswersOnShapes();
 void AddIntersectionJobs();
 void AddClassificationJobs();
 void AddCleanUpJobs();
+void AddRingJobs();
+void AddRingQueryJobs();
+void AddSurroundingPolygonJobs();
+void AddConstructionJobs();
+void AddApproximationJobs();
+void AddOffsetJobs();
+void AddTriangulationJobs();
 void AddGeosJobs();
+void AddGeosJobsOnShapes();
 void AddBoostJobs();
 void AddCgalJobs();
+void AddCgalJobsOnShapes();
 
 }  // namespace contour_benchmarks

@@ -4,7 +4,8 @@
 usage: ratios.py FILE, where FILE is written by
   contour_benchmarks --benchmark_out=FILE --benchmark_out_format=json
 
-Benchmarks are named BM_<library>_<operation>_<case>[_<variant>]/<elements>. For every operation and
+Benchmarks are named BM_<library>_<operation>_<case>[_<variant>]/<elements>, those of the library
+itself BM_<class>_<operation>_<case>/<elements>, where a class begins with GX. For every operation and
 case there is one line with the times of the library and one for each way of a peer, with the time
 of the library divided by that of the peer: below 1 the library is quicker. Of repeated runs the
 quickest counts, by processor time. The growth is the exponent k of n^k between the last two sizes,
@@ -15,7 +16,6 @@ import json
 import math
 import sys
 
-OURS = "GXGeometry"
 NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
@@ -48,6 +48,10 @@ def read(file):
     return report["context"], times, growths
 
 
+def is_ours(label):
+    return label.startswith("GX")
+
+
 def with_unit(nanoseconds):
     for unit in ("ns", "us", "ms"):
         if nanoseconds < 999.5:
@@ -65,14 +69,14 @@ def exponent(row):
 
 
 def print_question(question, rows, growths, sizes):
-    ours = rows.get(OURS, {})
+    ours = next((row for label, row in rows.items() if is_ours(label)), {})
     print(f"\n{question}")
-    for label, row in sorted(rows.items(), key=lambda item: (item[0] != OURS, item[0])):
+    for label, row in sorted(rows.items(), key=lambda item: (not is_ours(item[0]), item[0])):
         cells = []
         for n in sizes:
             if n not in row:
                 cells.append("")
-            elif label == OURS:
+            elif is_ours(label):
                 cells.append(with_unit(row[n]))
             else:
                 cells.append(f"{ours[n] / row[n]:.3g}" if n in ours else "")
