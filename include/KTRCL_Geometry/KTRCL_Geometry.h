@@ -24,4 +24,5 @@
 #include <KTRCL_Geometry/lookalike/GXLAEquality.h>
 #include <KTRCL_Geometry/lookalike/CGXLAElementMerge.h>
 #include <KTRCL_Geometry/lookalike/CGXLAPartDump.h>
+#include <KTRCL_Geometry/kernel/Kernel.h>
 // clang-format on

@@ -19,7 +19,7 @@ set(sees_ktrcl ${sees_drawing} ktrcl)
 # routine that fills an element list.
 set(further_foundation/GXCoordSystem elements)
 set(further_foundation/GXBoundBox elements)
-set(further_kernel/Arcs elements)
+set(further_kernel/ArcFacets elements)
 
 # Layer of a file or of an included path written from the include roots; empty for foreign headers.
 function(layer_of path result)
