@@ -54,6 +54,41 @@ double PerpendicularTo(double angle) {
   return normal >= kPi ? normal - kPi : normal;
 }
 
+// Which directions lie inside the sweep of an arc by so much that the order of the angles, which
+// are exact to some 1e-8, cannot say otherwise; told without an arc cosine.
+class SafelyInside {
+ public:
+  explicit SafelyInside(const GX2DArc& arc)
+      : center_(arc.Center),
+        start_(arc.Center, arc.Start),
+        end_(arc.Center, arc.End),
+        startMargin_(kSafeSine * start_.Len()),
+        endMargin_(kSafeSine * end_.Len()),
+        isMeasurable_(std::isnormal(startMargin_) && std::isnormal(endMargin_)),
+        isReflex_(start_.X * end_.Y - start_.Y * end_.X < 0.0) {}
+
+  // `distance` is that of the point from the center.
+  bool Holds(const GX2DPoint& p, double distance) const {
+    if (!isMeasurable_ || !std::isnormal(distance)) return false;
+    const double x = p.X - center_.X;
+    const double y = p.Y - center_.Y;
+    const bool behindStart = start_.X * y - start_.Y * x > startMargin_ * distance;
+    const bool beforeEnd = x * end_.Y - y * end_.X > endMargin_ * distance;
+    return isReflex_ ? behindStart || beforeEnd : behindStart && beforeEnd;
+  }
+
+ private:
+  static constexpr double kSafeSine = 1.0e-5;
+
+  GX2DPoint center_;
+  GXVector start_;
+  GXVector end_;
+  double startMargin_;
+  double endMargin_;
+  bool isMeasurable_;  // Lengths that run over or under say nothing.
+  bool isReflex_;
+};
+
 // Direction from a point to another that is `length` away, 0 to a full turn.
 double DirectionAngle(const GX2DPoint& from, const GX2DPoint& to, double length) {
   if (length == 0.0) return 0.0;
@@ -170,10 +205,12 @@ bool GXApproximatePoints::ApproximatePointsCheck(const GX2DArc& arc,
   const double radius = arc.Radius();
   const double startAngle = ApproximatePointsCalculateAngle(arc.Center, arc.Start);
   const double endAngle = ApproximatePointsCalculateAngle(arc.Center, arc.End);
+  const SafelyInside safelyInside(arc);
   for (int index = i; index < j; ++index) {
     const GX2DPoint& p = At(points, index);
     const double distance = GXGeometry::GetDistancePointPoint(arc.Center, p);
     if (std::fabs(distance - radius) > tolerance) return false;
+    if (safelyInside.Holds(p, distance)) continue;
     const double angle = DirectionAngle(arc.Center, p, distance);
     if (!ApproximatePointsCheckOrder(startAngle, angle, endAngle, true)) return false;
   }

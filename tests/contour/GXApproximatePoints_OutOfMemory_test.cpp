@@ -20,15 +20,19 @@ long remaining = -1;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Kept out of line: a compiler that sees malloc and free through them takes the pair for a
+// mismatch.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   if (remaining == 0) throw std::bad_alloc();
   if (remaining > 0) --remaining;
   void* const memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 namespace {
 
