@@ -4,7 +4,7 @@ option(KTRCL_BUILD_TESTS "Build the tests and register them with CTest (needs Go
        ${PROJECT_IS_TOP_LEVEL})
 option(KTRCL_BUILD_BENCHMARKS "Build the benchmarks (needs Google Benchmark)." OFF)
 option(KTRCL_BUILD_HOSTS
-       "Build the drawing library and the program ktrcl (needs CLI11 and nlohmann-json)."
+       "Build the drawing library and the program ktrcl (needs CLI11, nlohmann-json and pugixml)."
        ${PROJECT_IS_TOP_LEVEL})
 option(KTRCL_BUILD_EXAMPLES "Build the examples and run them as tests." ${PROJECT_IS_TOP_LEVEL})
 option(KTRCL_FUZZ "Build the fuzz targets for libFuzzer instead of replaying their inputs (clang)." OFF)

@@ -71,6 +71,16 @@ struct DrawnElement {
   std::size_t entity = 0;  ///< Index into Drawing::entities; a polyline has many elements.
 };
 
+/// What became of the curves of a drawing that are neither lines nor arcs.
+struct CurveSummary {
+  std::size_t curves = 0;   ///< Entities.
+  std::size_t circles = 0;  ///< Full circles that stand for them.
+  std::size_t arcs = 0;     ///< Arcs; circles are not counted again.
+  std::size_t lines = 0;
+  double tolerance = 0.0;         ///< That was asked for, millimetres.
+  double largestDeviation = 0.0;  ///< Measured between curves and elements, millimetres.
+};
+
 /// A drawing as it was read.
 ///
 /// Every entity of the model space is counted once in `entitiesByType`; it is either used (an entry
@@ -86,6 +96,7 @@ struct Drawing {
   Unit unit;
   std::vector<DrawnEntity> entities;   ///< The used ones, in the order of the file.
   std::vector<DrawnElement> elements;  ///< In the order of the file.
+  CurveSummary curves;
   std::map<std::string, int> entitiesByType;
   std::map<std::string, int> entitiesByLayer;
   std::map<std::string, int> unusedByType;

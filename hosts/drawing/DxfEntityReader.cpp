@@ -2,6 +2,9 @@
 // values are right.
 #include "drawing/DxfEntityReader.h"
 
+#include "drawing/Utf8Text.h"
+
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -17,6 +20,17 @@ constexpr int kFrameVertexFlag = 16;
 
 constexpr int kColourByLayer = 256;
 constexpr std::size_t kQuoteLimit = 40;
+
+// The trace of a curve is finer than the tolerance by this factor.
+constexpr double kTraceShare = 0.04;
+
+// Samples that the trace of one curve may take, with those for each of its pieces, and all
+// together. Only curves far larger than parts reach them.
+constexpr std::size_t kMostSamples = 20000;
+constexpr std::size_t kMostSamplesOfPiece = 64;
+constexpr std::size_t kMostSamplesOfDrawing = 2000000;
+// A refused curve has no samples, but looking for them took its time.
+constexpr std::size_t kSamplesOfRefused = 2000;
 
 // Heights over z = 0, in millimetres, that are rounding errors of the program that wrote the file.
 constexpr double kFlatHeight = 1.0e-6;
@@ -94,6 +108,8 @@ void DxfEntityReader::ReadOther() {
   attributesFollow_ = entity.type == "INSERT" && Trim(values.Text(66)) == "1";
   if (IsSimpleCurve(entity.type)) {
     ReadSimpleCurve(values, std::move(entity));
+  } else if (IsDxfCurve(entity.type)) {
+    ReadCurve(values, std::move(entity));
   } else {
     ++drawing_.unusedByType[entity.type];
   }
@@ -174,6 +190,81 @@ void DxfEntityReader::ReadSimpleCurve(DxfValues& values, DrawnEntity entity) {
   UseBuilt(std::move(entity));
 }
 
+void DxfEntityReader::ReadCurve(DxfValues& values, DrawnEntity entity) {
+  const DxfCurve curve = ReadDxfCurve(values, drawing_.unit.millimetresPerUnit);
+  if (!values.Failure().empty()) {
+    Refuse(entity, values.FailureLine(), values.Failure());
+    return;
+  }
+  CurveTrace trace;
+  const std::size_t most = kMostSamples + kMostSamplesOfPiece * curve.curve->Breaks().size();
+  const std::size_t left = kMostSamplesOfDrawing - curveSamples_;
+  std::string failure = TraceCurve(*curve.curve, kTraceShare * drawing_.curves.tolerance,
+                                   std::min(most, left), trace);
+  if (!failure.empty()) {
+    curveSamples_ += std::min(left, kSamplesOfRefused);
+    if (left < most) {
+      failure = "the curves of a drawing may take " + std::to_string(kMostSamplesOfDrawing) +
+                " points together, and few are left: " + failure;
+    }
+    Refuse(entity, entity.line, std::move(failure));
+    return;
+  }
+  TellDecimalComma(values, entity);
+  TellCurveOddities(curve, trace, entity);
+  if (curve.vertices.empty()) {
+    UseTrace(std::move(trace), curve.elevation, std::move(entity));
+  } else {
+    UseVertices(curve, std::move(entity));
+  }
+}
+
+void DxfEntityReader::TellCurveOddities(const DxfCurve& curve, const CurveTrace& trace,
+                                        const DrawnEntity& entity) {
+  if (curve.equalParameters) {
+    Complain(drawing_, Severity::kWarning, entity.line, &entity, "its parameters are equal",
+             "taken as a whole ellipse");
+  }
+  if (curve.markedClosed && trace.Samples().size() > 1 && !trace.IsClosed()) {
+    Complain(drawing_, Severity::kWarning, entity.line, &entity,
+             "it is marked as closed, and its ends do not meet", "taken as drawn");
+  }
+}
+
+// A spline of degree 1 is the row of its control points, exactly.
+void DxfEntityReader::UseVertices(const DxfCurve& curve, DrawnEntity entity) {
+  builder_.Begin(1.0, false);
+  builder_.elevation = curve.elevation;
+  for (std::size_t i = 0; i + 1 < curve.vertices.size(); ++i) {
+    const PlaneVector& p = curve.vertices[i];
+    const PlaneVector& q = curve.vertices[i + 1];
+    builder_.AddLine({p.x, p.y}, {q.x, q.y});
+  }
+  if (builder_.failure.empty() && !builder_.elements.empty()) {
+    ++drawing_.curves.curves;
+    drawing_.curves.lines += builder_.elements.size();
+  }
+  UseBuilt(std::move(entity));
+}
+
+void DxfEntityReader::UseTrace(CurveTrace trace, double elevation, DrawnEntity entity) {
+  if (trace.Samples().size() < 2) {
+    ++drawing_.refusedByType[entity.type];
+    Complain(drawing_, Severity::kWarning, entity.line, &entity, "its length is zero", "not used");
+    return;
+  }
+  if (IsHigh(elevation)) heights_.Add(entity.line);
+  curveSamples_ += trace.Samples().size();
+  curves_.push_back({std::move(trace), drawing_.entities.size()});
+  drawing_.entities.push_back(std::move(entity));
+}
+
+void DxfEntityReader::UseWaitingCurves() {
+  UseCurves(std::move(curves_), drawing_.curves.tolerance, drawing_);
+  curves_.clear();
+  curveSamples_ = 0;
+}
+
 // Takes over what the builder has made.
 void DxfEntityReader::UseBuilt(DrawnEntity entity) {
   if (!builder_.failure.empty()) {
@@ -207,12 +298,15 @@ void DxfEntityReader::TellOddities(const DrawnEntity& entity) {
     Complain(drawing_, Severity::kWarning, entity.line, &entity, builder_.remark,
              "those that it has are used");
   }
-  const double height = std::fabs(builder_.elevation) * drawing_.unit.millimetresPerUnit;
-  if (height > kFlatHeight) heights_.Add(entity.line);
+  if (IsHigh(builder_.elevation)) heights_.Add(entity.line);
   if (builder_.hasWidth) widths_.Add(entity.line);
   if (builder_.flatSides > 0) flatSides_.Add(entity.line);
   if (builder_.shortArcs > 0) shortArcs_.Add(entity.line);
   if (builder_.nearCircles > 0) nearCircles_.Add(entity.line);
+}
+
+bool DxfEntityReader::IsHigh(double elevation) const {
+  return std::fabs(elevation) * drawing_.unit.millimetresPerUnit > kFlatHeight;
 }
 
 void DxfEntityReader::OpenSequence(DxfValues& values, DrawnEntity entity, bool paperSpace) {

@@ -1,7 +1,9 @@
 // The entities of a DXF file, one record after the other, into a drawing.
 #pragma once
 
+#include "drawing/CurveChains.h"
 #include "drawing/Drawing.h"
+#include "drawing/DxfCurves.h"
 #include "drawing/DxfEntities.h"
 #include "drawing/DxfTokens.h"
 
@@ -15,10 +17,12 @@ namespace drawing {
 /// Turns the records of entities into elements, counts and complaints of a drawing.
 ///
 /// A POLYLINE spreads over several records and ends with SEQEND; it is open until then. What is
-/// told once per drawing (heights, widths, ...) is tallied and told by TellTallies.
+/// told once per drawing (heights, widths, ...) is tallied and told by TellTallies. Curves wait for
+/// their neighbours until UseWaitingCurves.
 class DxfEntityReader {
  public:
-  /// `drawing` must outlive the reader; its unit counts from the next entity on.
+  /// `drawing` must outlive the reader; its unit and the tolerance of its curves count from the
+  /// next entity on.
   explicit DxfEntityReader(Drawing& drawing);
   ~DxfEntityReader();
 
@@ -30,6 +34,9 @@ class DxfEntityReader {
 
   /// Ends a text that was cut off: an open POLYLINE is refused.
   void EndCutOff();
+
+  /// Makes elements of the ELLIPSE and SPLINE entities that were read. Called once, at the end.
+  void UseWaitingCurves();
 
   void TellTallies();
 
@@ -53,6 +60,11 @@ class DxfEntityReader {
 
   void ReadOther();
   void ReadSimpleCurve(DxfValues& values, DrawnEntity entity);
+  void ReadCurve(DxfValues& values, DrawnEntity entity);
+  void UseVertices(const DxfCurve& curve, DrawnEntity entity);
+  void UseTrace(CurveTrace trace, double elevation, DrawnEntity entity);
+  bool IsHigh(double elevation) const;
+  void TellCurveOddities(const DxfCurve& curve, const CurveTrace& trace, const DrawnEntity& entity);
   void UseBuilt(DrawnEntity entity);
   void TellOddities(const DrawnEntity& entity);
 
@@ -68,6 +80,8 @@ class DxfEntityReader {
   const DxfRecord* record_ = nullptr;
   ElementBuilder builder_;
   std::unique_ptr<OpenPolyline> polyline_;
+  std::vector<DrawnCurve> curves_;
+  std::size_t curveSamples_ = 0;  // Of all of them.
   bool attributesFollow_ = false;
   bool sawEntity_ = false;
   Tally heights_, widths_, flatSides_, shortArcs_, nearCircles_, foreignText_, invisible_;

@@ -33,7 +33,8 @@ enum class Place { kOutside, kEntities, kOtherSection, kLooseBlock };
 class Reading {
  public:
   // A unit that is given decides; without one the header's counts.
-  Reading(std::string_view bytes, const std::string& name, const std::optional<Unit>& unit);
+  Reading(std::string_view bytes, const std::string& name, const ReadOptions& options,
+          const std::optional<Unit>& unit);
 
   Drawing Run();
 
@@ -67,9 +68,11 @@ class Reading {
   std::size_t outsideLine_ = 0;
 };
 
-Reading::Reading(std::string_view bytes, const std::string& name, const std::optional<Unit>& unit)
+Reading::Reading(std::string_view bytes, const std::string& name, const ReadOptions& options,
+                 const std::optional<Unit>& unit)
     : records_(bytes), entities_(drawing_), unitIsGiven_(unit.has_value()) {
   drawing_.file = name;
+  drawing_.curves.tolerance = options.curveTolerance;
   drawing_.unit.source = "no $INSUNITS, taken as millimetres";
   if (unit) drawing_.unit = *unit;
 }
@@ -226,6 +229,7 @@ void Reading::EndFile() {
          "read like entities");
   }
   TellUnit();
+  entities_.UseWaitingCurves();
   entities_.TellTallies();
   if (drawing_.elements.empty()) {
     Tell(Severity::kWarning, 0, "there is no element that can be used", "");
@@ -274,24 +278,25 @@ bool IsBlankText(std::string_view bytes) {
 
 }  // namespace
 
-Drawing ReadDrawingText(std::string_view bytes, const std::string& name) {
+Drawing ReadDrawingText(std::string_view bytes, const std::string& name,
+                        const ReadOptions& options) {
   if (bytes.substr(0, kBinarySignature.size()) == kBinarySignature) {
     return Refused(name, "it is a binary DXF; only text DXF can be read");
   }
   if (bytes.size() > kLargestFile) return Refused(name, "it is larger than 256 MiB");
   if (IsBlankText(bytes)) return Refused(name, bytes.empty() ? "it is empty" : "it is blank");
-  Reading reading(bytes, name, std::nullopt);
+  Reading reading(bytes, name, options, std::nullopt);
   Drawing drawing = reading.Run();
   if (!reading.LateUnit()) return drawing;
-  Reading again(bytes, name, reading.LateUnit());
+  Reading again(bytes, name, options, reading.LateUnit());
   return again.Run();
 }
 
-Drawing ReadDrawing(const std::string& path) {
+Drawing ReadDrawing(const std::string& path, const ReadOptions& options) {
   std::string bytes;
   std::string problem = ReadBytes(path, bytes);
   if (!problem.empty()) return Refused(path, std::move(problem));
-  return ReadDrawingText(bytes, path);
+  return ReadDrawingText(bytes, path, options);
 }
 
 }  // namespace drawing

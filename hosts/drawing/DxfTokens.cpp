@@ -1,8 +1,9 @@
 #include "drawing/DxfTokens.h"
 
+#include "drawing/Utf8Text.h"
+
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <system_error>
 
 namespace drawing {
@@ -94,29 +95,8 @@ bool MayFollowDamagedStart(std::string_view type) {
 
 // Length of the well-formed UTF-8 sequence at the beginning of the text, 0 for none.
 std::size_t Utf8Length(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char first = byte(0);
-  if (first < 0x80) return 1;
-  std::size_t length = 0;
-  std::uint32_t value = 0;
-  if (first >= 0xc2 && first <= 0xdf) {
-    length = 2;
-    value = first & 0x1fu;
-  } else if (first >= 0xe0 && first <= 0xef) {
-    length = 3;
-    value = first & 0x0fu;
-  } else if (first >= 0xf0 && first <= 0xf4) {
-    length = 4;
-    value = first & 0x07u;
-  }
-  if (length == 0 || length > text.size()) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xc0) != 0x80) return 0;
-    value = value << 6 | (byte(i) & 0x3fu);
-  }
-  const bool overlong = (length == 3 && value < 0x800) || (length == 4 && value < 0x10000);
-  const bool surrogate = value >= 0xd800 && value <= 0xdfff;
-  return overlong || surrogate || value > 0x10ffff ? 0 : length;
+  std::size_t position = 0;
+  return NextCharacter(text, position) == kNoCharacter ? 0 : position;
 }
 
 std::string Quoted(std::string_view text) {
@@ -150,15 +130,6 @@ std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = Utf8Length(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
 }
 
 std::string ReadableText(std::string_view text, std::size_t limit) {

@@ -37,9 +37,6 @@ std::string_view Trim(std::string_view text);
 /// rest.
 std::string ReadableText(std::string_view text, std::size_t limit = 255);
 
-/// True for text that is well-formed UTF-8.
-bool IsUtf8(std::string_view text);
-
 /// One pair of lines: a group code and its value.
 struct DxfGroup {
   int code = 0;

@@ -109,10 +109,15 @@ std::vector<std::vector<std::size_t>> MembersOfShapes(const LookAlikePart& part)
 
 }  // namespace
 
+LookAlikePart MakeLookAlikePart(const PartModel& model, GXLAContour::eNmbSegmentsMode mode,
+                                GXLATolerances& tolerances, GXLAPartList& parts) {
+  return MakePart(model, FromLongToShort(model), mode, tolerances, parts);
+}
+
 LookAlikePair::LookAlikePair(const PartModel& a, const PartModel& b,
                              GXLAContour::eNmbSegmentsMode mode)
     : mode_(mode) {
-  a_ = MakePart(a, FromLongToShort(a), mode_, tolerances_, parts_);
+  a_ = MakeLookAlikePart(a, mode_, tolerances_, parts_);
   b_ = MakePart(b, InOrderOfShapes(b, a_, mode_, tolerances_), mode_, tolerances_, parts_);
 }
 

@@ -20,6 +20,10 @@ struct LookAlikePart {
   std::vector<std::size_t> shapeOf;             ///< Per cut-out, index into `shapes`.
 };
 
+/// The part of a usable model, its cut-outs added from long to short; `parts` takes it.
+LookAlikePart MakeLookAlikePart(const PartModel& model, GXLAContour::eNmbSegmentsMode mode,
+                                GXLATolerances& tolerances, GXLAPartList& parts);
+
 /// A group of cut-outs that are equal in both parts, or of one part alone.
 struct ShapeGroup {
   GXLAContour* a = nullptr;      ///< The shape in part A, null where it has none.

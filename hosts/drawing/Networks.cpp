@@ -16,7 +16,7 @@
 namespace drawing {
 namespace {
 
-constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+constexpr std::size_t kNone = kNoNode;
 
 // Ends are numbered 2 i (start) and 2 i + 1 (end of element i).
 struct ElementEnds {
@@ -251,6 +251,13 @@ std::vector<Network> FindNetworks(const Drawing& drawing, double gap) {
   for (Network& network : networks) network.kind = KindOf(network);
   MeasureGaps(networks);
   return networks;
+}
+
+std::vector<std::size_t> FindNodes(const Drawing& drawing, double gap) {
+  if (!(gap > 0.0)) gap = 0.0;
+  const ElementEnds ends = CollectEnds(drawing);
+  DisjointSets sets = JoinEnds(ends, gap);
+  return CountEnds(ends, sets, gap).nodeOfEnd;
 }
 
 }  // namespace drawing

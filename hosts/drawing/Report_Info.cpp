@@ -3,9 +3,12 @@
 #include "drawing/NumberText.h"
 #include "drawing/TextTable.h"
 
+#include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace drawing {
 
@@ -21,6 +24,12 @@ std::string CountsText(const std::map<std::string, int>& counts) {
     text += name + " " + std::to_string(count);
   }
   return text.empty() ? "none" : text;
+}
+
+// Rounded up, so that no more is promised than was measured.
+std::string DeviationText(double deviation) {
+  constexpr double kStep = 10000.0;
+  return Millimetres(std::ceil(deviation * kStep) / kStep);
 }
 
 std::string UnitText(const Unit& unit) { return unit.name + " (" + unit.source + ")"; }
@@ -68,6 +77,20 @@ std::string ContourTable(const PartModel& part) {
                "box " + BoxText(contour.box), RemarkText(contour)});
   }
   return table.Print("    ");
+}
+
+// "12 curves became 84 arcs and 31 lines, at most 0.0093 mm from the curve".
+std::string CurvesText(const CurveSummary& summary) {
+  std::vector<std::string> kinds;
+  if (summary.circles > 0) kinds.push_back(CountText(summary.circles, "circle"));
+  if (summary.arcs > 0) kinds.push_back(CountText(summary.arcs, "arc"));
+  if (summary.lines > 0) kinds.push_back(CountText(summary.lines, "line"));
+  std::string text = CountText(summary.curves, "curve") + " became ";
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    if (i > 0) text += i + 1 == kinds.size() ? " and " : ", ";
+    text += kinds[i];
+  }
+  return text + ", at most " + DeviationText(summary.largestDeviation) + " mm from the curve";
 }
 
 std::size_t CountClosed(const PartModel& part) {
@@ -142,6 +165,7 @@ std::string InfoText(const PartModel& part) {
   if (!drawing.paperSpaceByType.empty()) {
     head.Row({"paper space", CountsText(drawing.paperSpaceByType)});
   }
+  if (drawing.curves.curves > 0) head.Row({"curves", CurvesText(drawing.curves)});
   const std::size_t closed = CountClosed(part);
   head.Row({"contours", std::to_string(closed) + " closed, " +
                             std::to_string(part.contours.size() - closed) + " open or branching"});
@@ -170,6 +194,12 @@ nlohmann::json InfoJson(const PartModel& part) {
   json["notUsableYet"] = drawing.unusedByType;
   json["refused"] = drawing.refusedByType;
   json["paperSpace"] = drawing.paperSpaceByType;
+  json["curves"] = {{"count", drawing.curves.curves},
+                    {"circles", drawing.curves.circles},
+                    {"arcs", drawing.curves.arcs},
+                    {"lines", drawing.curves.lines},
+                    {"tolerance", drawing.curves.tolerance},
+                    {"largestDeviation", drawing.curves.largestDeviation}};
   json["contours"] = nlohmann::json::array();
   for (const auto& contour : part.contours) json["contours"].push_back(ContourJson(*contour));
   json["crossings"] = nlohmann::json::array();

@@ -4,6 +4,7 @@
 #include "drawing/PartComparison.h"
 #include "drawing/Report.h"
 #include "drawing/SvgPicture.h"
+#include "ktrcl/Admission.h"
 
 #include <fstream>
 #include <iostream>
@@ -11,22 +12,6 @@
 namespace ktrcl {
 
 namespace {
-
-// Prints what a person has to know before trusting the verdict; true when the part can be compared.
-bool Admit(const drawing::PartModel& part) {
-  for (const drawing::Complaint& complaint : part.drawing.complaints) {
-    if (complaint.severity == drawing::Severity::kNote) continue;
-    std::cerr << drawing::ToLine(complaint) << "\n";
-  }
-  for (const auto& [type, count] : part.drawing.unusedByType) {
-    std::cerr << part.drawing.file << ": warning: " << count << " " << type
-              << " cannot be used yet; the verdict knows nothing of them\n";
-  }
-  if (!part.usable) {
-    std::cerr << "ktrcl: " << part.drawing.file << ": " << part.obstacle << "\n";
-  }
-  return part.usable;
-}
 
 bool WriteFile(const std::string& name, const std::string& text) {
   std::ofstream file(name, std::ios::binary);
@@ -39,10 +24,12 @@ bool WriteFile(const std::string& name, const std::string& text) {
 }  // namespace
 
 int RunCompare(const CompareRequest& request) {
-  const drawing::PartModel a = drawing::BuildPart(drawing::ReadDrawing(request.a));
-  const drawing::PartModel b = drawing::BuildPart(drawing::ReadDrawing(request.b));
-  const bool admitA = Admit(a);
-  const bool admitB = Admit(b);
+  drawing::ReadOptions reading;
+  reading.curveTolerance = request.curve;
+  const drawing::PartModel a = drawing::BuildPart(drawing::ReadDrawing(request.a, reading));
+  const drawing::PartModel b = drawing::BuildPart(drawing::ReadDrawing(request.b, reading));
+  const bool admitA = Admit(a, "verdict");
+  const bool admitB = Admit(b, "verdict");
   if (!admitA || !admitB) return kUnusable;
   drawing::CompareOptions options;
   options.mode = request.mode == "may-differ" ? GXLAContour::eNmbSegmentsMayDiffer

@@ -12,8 +12,10 @@ namespace ktrcl {
 int RunInfo(const InfoRequest& request) {
   int status = kSame;
   nlohmann::json all = nlohmann::json::array();
+  drawing::ReadOptions options;
+  options.curveTolerance = request.curve;
   for (const std::string& file : request.files) {
-    const drawing::PartModel part = drawing::BuildPart(drawing::ReadDrawing(file));
+    const drawing::PartModel part = drawing::BuildPart(drawing::ReadDrawing(file, options));
     if (request.json) {
       all.push_back(drawing::InfoJson(part));
     } else if (part.drawing.usable) {

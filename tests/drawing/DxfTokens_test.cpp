@@ -1,5 +1,6 @@
 #include "drawing/DxfTokens.h"
 
+#include "drawing/Utf8Text.h"
 #include "support/DxfText.h"
 
 #include <gtest/gtest.h>

@@ -322,6 +322,21 @@ TEST(FindNetworks, AgreesWithTheComparisonOfAllPairs) {
   }
 }
 
+TEST(FindNodes, NumbersEndsThatMeetAlike) {
+  Drawing drawing;
+  AddLine(drawing, 0, 0, 5, 0);
+  AddLine(drawing, 9, 9, 5.00005, 0);
+  drawing.elements.emplace_back();  // Null.
+  AddLine(drawing, 0, 0.001, 7, 7);
+  const std::vector<std::size_t> nodes = FindNodes(drawing);
+  ASSERT_EQ(nodes.size(), 8u);
+  EXPECT_EQ(nodes[1], nodes[3]);
+  EXPECT_NE(nodes[0], nodes[1]);
+  EXPECT_NE(nodes[0], nodes[6]);
+  EXPECT_EQ(nodes[4], kNoNode);
+  EXPECT_EQ(nodes[5], kNoNode);
+}
+
 TEST(NetworkKindName, NamesEveryKind) {
   EXPECT_STREQ(NetworkKindName(NetworkKind::kClosed), "closed");
   EXPECT_STREQ(NetworkKindName(NetworkKind::kOpen), "open");

@@ -93,4 +93,34 @@ TEST(InfoText, TellsWhichContoursCrossOrCoincide) {
   EXPECT_EQ(json["contours"][4]["coincidesWith"], 3);
 }
 
+TEST(InfoText, TellsWhatBecameOfCurves) {
+  drawing::Drawing drawn = support::DrawingOf({support::RectangleContour(0, 0, 10, 10)});
+  drawn.curves.curves = 12;
+  drawn.curves.arcs = 84;
+  drawn.curves.lines = 31;
+  drawn.curves.largestDeviation = 0.00921;
+  drawn.curves.tolerance = 0.01;
+  drawing::PartModel part = drawing::BuildPart(std::move(drawn));
+  // Rounded up: no more is promised than was measured.
+  EXPECT_TRUE(Contains(drawing::InfoText(part),
+                       "curves    12 curves became 84 arcs and 31 lines, at most 0.0093 mm from "
+                       "the curve"))
+      << drawing::InfoText(part);
+  part.drawing.curves = {};
+  part.drawing.curves.curves = 1;
+  part.drawing.curves.circles = 1;
+  EXPECT_TRUE(Contains(drawing::InfoText(part),
+                       "1 curve became 1 circle, at most 0.0000 mm from the curve"));
+  part.drawing.curves.circles = 2;
+  part.drawing.curves.arcs = 1;
+  part.drawing.curves.lines = 1;
+  EXPECT_TRUE(Contains(drawing::InfoText(part), "became 2 circles, 1 arc and 1 line, at most"));
+}
+
+TEST(InfoText, SaysNothingOfCurvesWhereThereAreNone) {
+  const drawing::PartModel part = support::PartOf({support::RectangleContour(0, 0, 10, 10)});
+  EXPECT_FALSE(Contains(drawing::InfoText(part), "curve"));
+  EXPECT_EQ(drawing::InfoJson(part)["curves"]["count"], 0);
+}
+
 }  // namespace

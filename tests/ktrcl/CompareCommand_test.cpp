@@ -128,14 +128,41 @@ TEST(Compare, RequiresTwoFiles) {
 
 TEST(Compare, WarnsOfEntitiesThatTheVerdictDoesNotKnow) {
   const support::TemporaryFolder folder;
-  const std::string file = folder.Write("curve.dxf",
+  const std::string file = folder.Write("hatch.dxf",
                                         "0\nSECTION\n2\nENTITIES\n"
                                         "0\nCIRCLE\n8\n0\n10\n0\n20\n0\n40\n5\n"
-                                        "0\nSPLINE\n8\n0\n"
+                                        "0\nHATCH\n8\n0\n"
                                         "0\nENDSEC\n0\nEOF\n");
   const auto run = Ktrcl("compare " + file + " " + file);
   EXPECT_EQ(run.status, 0);
-  EXPECT_TRUE(Contains(run.errors, "1 SPLINE cannot be used yet")) << run.errors;
+  EXPECT_TRUE(Contains(run.errors, "1 HATCH cannot be used yet")) << run.errors;
+}
+
+TEST(Compare, FindsAHoleDrawnAsASplineEqualToACircle) {
+  const support::TemporaryFolder folder;
+  const std::string plate = "0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n8\n0\n10\n0\n20\n0\n40\n50\n";
+  const std::string circle = "0\nCIRCLE\n8\n0\n10\n20\n20\n0\n40\n5\n0\nENDSEC\n0\nEOF\n";
+  // The circle of radius 5 about (20, 0) in thirds: rational of degree 2, weights 1 and 1/2.
+  std::string spline = "0\nSPLINE\n8\n0\n70\n12\n71\n2\n";
+  for (const char* knot : {"0", "0", "0", "1", "1", "2", "2", "3", "3", "3"}) {
+    spline += std::string("40\n") + knot + "\n";
+  }
+  const double w[7] = {1, 0.5, 1, 0.5, 1, 0.5, 1};
+  // A triangle about the circle: its corners, and where its sides touch it.
+  const double x[7] = {25, 25, 17.5, 10, 17.5, 25, 25};
+  const double y[7] = {
+      0, 8.660254037844386, 4.330127018922193, 0, -4.330127018922193, -8.660254037844386, 0};
+  for (int i = 0; i < 7; ++i) {
+    spline += "10\n" + std::to_string(x[i]) + "\n20\n" + std::to_string(y[i]) + "\n41\n" +
+              std::to_string(w[i]) + "\n";
+  }
+  spline += "0\nENDSEC\n0\nEOF\n";
+  const std::string a = folder.Write("circle.dxf", plate + circle);
+  const std::string b = folder.Write("spline.dxf", plate + spline);
+  const auto run = Ktrcl("compare " + a + " " + b);
+  EXPECT_EQ(run.status, 0) << run.output;
+  EXPECT_TRUE(run.errors.empty()) << run.errors;
+  EXPECT_EQ(Ktrcl("compare --curve 11 " + a + " " + b).status, 2);
 }
 
 TEST(Compare, NamesSeveralOuterContours) {

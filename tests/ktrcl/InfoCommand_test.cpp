@@ -74,6 +74,42 @@ TEST(Info, ReportsLooseEndsWithTheirCoordinates) {
   EXPECT_TRUE(Contains(run.output, "no part")) << run.output;
 }
 
+// An ellipse with half axes 20 and 8.
+const char* const kEllipse =
+    "0\nSECTION\n2\nENTITIES\n0\nELLIPSE\n8\n0\n10\n50\n20\n30\n11\n20\n21\n0\n40\n0.4\n41\n0\n"
+    "42\n6.283185307179586\n0\nENDSEC\n0\nEOF\n";
+
+TEST(Info, TellsWhatBecameOfCurvesAndHowFarOffItIs) {
+  const support::TemporaryFolder folder;
+  const std::string file = folder.Write("ellipse.dxf", kEllipse);
+  const auto run = Ktrcl("info " + file);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(Contains(run.output, "1 curve became ")) << run.output;
+  EXPECT_TRUE(Contains(run.output, "1 closed, 0 open")) << run.output;
+  EXPECT_FALSE(Contains(run.output, "not usable yet")) << run.output;
+  const auto json = nlohmann::json::parse(Ktrcl("info --json " + file).output)[0];
+  EXPECT_EQ(json["curves"]["count"], 1);
+  EXPECT_EQ(json["curves"]["tolerance"], 0.01);
+  const double deviation = json["curves"]["largestDeviation"].get<double>();
+  EXPECT_GT(deviation, 0.0);
+  EXPECT_LE(deviation, 0.01);
+  // The area is 20 * 8 * pi = 502.6548; the elements are nowhere farther off than the deviation,
+  // over a length below 100.
+  EXPECT_NEAR(json["contours"][0]["area"].get<double>(), 502.6548, 100 * deviation);
+}
+
+TEST(Info, FollowsCurvesAsCloselyAsItIsAsked) {
+  const support::TemporaryFolder folder;
+  const std::string file = folder.Write("ellipse.dxf", kEllipse);
+  const auto fine = nlohmann::json::parse(Ktrcl("info --json --curve 0.001 " + file).output)[0];
+  const auto coarse = nlohmann::json::parse(Ktrcl("info --json --curve 0.5 " + file).output)[0];
+  EXPECT_LE(fine["curves"]["largestDeviation"].get<double>(), 0.001);
+  EXPECT_LT(coarse["contours"][0]["elements"], fine["contours"][0]["elements"]);
+  EXPECT_EQ(Ktrcl("info --curve 0 " + file).status, 2);
+  EXPECT_EQ(Ktrcl("info --curve -1 " + file).status, 2);
+  EXPECT_EQ(Ktrcl("info --curve nan " + file).status, 2);
+}
+
 TEST(Usage, UnknownOptionsAreNamedInOneLine) {
   const auto run = Ktrcl("info --bogus " + Sample("bracket.dxf"));
   EXPECT_EQ(run.status, 2);

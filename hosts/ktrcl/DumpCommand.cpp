@@ -1,0 +1,28 @@
+#include "drawing/DxfReader.h"
+#include "drawing/ParagraphJson.h"
+#include "drawing/PartDump.h"
+#include "drawing/XmlParagraph.h"
+
+#include "ktrcl/Admission.h"
+#include "ktrcl/Commands.h"
+
+#include <iostream>
+
+namespace ktrcl {
+
+int RunDump(const DumpRequest& request) {
+  drawing::ReadOptions reading;
+  reading.curveTolerance = request.curve;
+  const drawing::PartModel part = drawing::BuildPart(drawing::ReadDrawing(request.file, reading));
+  if (!Admit(part, "dump")) return kUnusable;
+  drawing::TreeParagraph root("dump");
+  const drawing::TreeParagraph& dump = drawing::DumpPart(part, root);
+  if (request.json) {
+    std::cout << drawing::ParagraphJson(dump).dump(2) << "\n";
+  } else {
+    std::cout << drawing::XmlText(dump);
+  }
+  return kSame;
+}
+
+}  // namespace ktrcl
