@@ -10,6 +10,7 @@
 #include <KTRCL_Geometry/elements/GXElementLists.h>
 #include <KTRCL_Geometry/foundation/GXVector.h>
 
+#include "elements/AxisTurn.h"
 #include "elements/ElementSequences.h"
 #include "foundation/Tolerance.h"
 
@@ -66,13 +67,15 @@ int ElementListSteps(double from, double to, double step, bool isCircle) {
   return ToCount(std::fabs(isCircle ? kTwoPi / step : (to - from) / 10.0));
 }
 
-// Calls `append` with the vector after each turn by `step`, as long as `goesOn` holds for the angle
-// turned so far. A step that is not above 0, NaN included, would never arrive: no turn is made.
+// Calls `append` with the vector after each `GXVector::Rotate` by `step`, as long as `goesOn` holds
+// for the angle turned so far. A step that is not above 0, NaN included, would never arrive: no
+// turn is made.
 template <typename GoesOn, typename Append>
 void TurnStepwise(GXVector v, const GXVector& axis, double step, GoesOn goesOn, Append append) {
   if (!(step > 0.0) || std::isinf(step)) return;
+  const ktrcl_internal::AxisTurn turn(GX3DPoint(0.0, 0.0, 0.0), GX3DPoint(axis), step);
   for (double angle = step; goesOn(angle); angle += step) {
-    v.Rotate(axis, step);
+    if (turn.HasAxis()) v = GXVector(turn(GX3DPoint(v)));
     append(v);
   }
 }

@@ -3,9 +3,9 @@
 
 #include <KTRCL_Geometry/elements/GX2DElements.h>
 #include <KTRCL_Geometry/elements/GX3DElements.h>
-#include <KTRCL_Geometry/foundation/GXMatrix.h>
 #include <KTRCL_Geometry/foundation/GXVector.h>
 
+#include "elements/AxisTurn.h"
 #include "elements/LineMeasures.h"
 #include "foundation/Tolerance.h"
 
@@ -20,9 +20,6 @@ using ktrcl_internal::Plain;
 namespace {
 
 constexpr double kHalfTurnDegrees = 180.0;
-
-/// Only there to span a plane with an axis: so odd a place that no drawn axis points at it.
-GX3DPoint PlaneSpanningPoint() { return GX3DPoint(1234.1234, 5678.5678, 9012.9012); }
 
 }  // namespace
 
@@ -66,22 +63,10 @@ double GXGeometry::GetAngleBetween3DLinesRad(const GX3DLine& a, const GX3DLine& 
 
 bool GXGeometry::Rotate3DPoint(const GX3DLine& axis, double radians, const GX3DPoint& point,
                                GX3DPoint& result) {
-  const GX3DPoint spanning = PlaneSpanningPoint();
-  if (InLine(Plain(axis.Start), Plain(axis.End), Plain(spanning), kOnElementTolerance))
-    return false;
-  // A frame whose X runs along the axis, and the way back out of it.
-  const GXColBasedTransformMatrix frame(axis.Start, axis.End, spanning);
-  GXColBasedTransformMatrix back(frame);
-  back.Inverse();
-
-  GX3DPoint local(point);
-  local.TransformGloLoc(axis.Start, frame);
-  const double cosine = std::cos(radians);
-  const double sine = std::sin(radians);
-  GX3DPoint turned(local.X, cosine * local.Y - sine * local.Z, cosine * local.Z + sine * local.Y);
-  turned.TransformLocGlo(axis.Start, back);
+  const ktrcl_internal::AxisTurn turn(axis.Start, axis.End, radians);
+  if (!turn.HasAxis()) return false;
   // Written once, at the end: the result may be the point or an end of the axis.
-  result.SetPoint(turned);
+  result.SetPoint(turn(point));
   return true;
 }
 

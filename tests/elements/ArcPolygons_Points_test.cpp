@@ -1,9 +1,10 @@
 // Arcs as rows of points, by chord height and by largest angle: how many points, and whether the
 // last one is the arc's end or a computed place near it.
+#include <KTRCL_Geometry/contour/GXGeometry.h>
 #include <KTRCL_Geometry/elements/GX2DElements.h>
-
 #include <KTRCL_Geometry/elements/GX3DElements.h>
 #include <KTRCL_Geometry/elements/GXElementLists.h>
+#include <KTRCL_Geometry/foundation/GXVector.h>
 
 #include "support/Build.h"
 #include "support/Near.h"
@@ -381,6 +382,24 @@ TEST(AddAsPolygonMaxAngle, ExtremeAnglesEndWithinTheLimit) {
     EXPECT_LE(ByAngle(Tilted(kUpperHalf), angle).size(), 1000000u) << angle;
   }
   EXPECT_EQ(ByAngle(kUpperHalf, std::numeric_limits<int>::max()).size(), 2u);
+}
+
+// A frame that is found once for all steps is only a matter of speed.
+TEST(AddAsPolygonByHeight, PointsAreThoseOfOneRotateAfterTheOtherToTheLastBit) {
+  support::Random random;
+  for (int round = 0; round < 300; ++round) {
+    const GX2DArc flat = support::ArcByAngles(random.Between(-50, 50), random.Between(-50, 50),
+                                              random.Between(0.1, 90), random.Between(0, 360),
+                                              (random.Bool() ? 1 : -1) * random.Between(1, 350));
+    const GX3DArc arc(flat, 2);
+    const std::vector<GX2DPoint> points = ByHeight(flat, 0.01);
+    const double step = GXGeometry::GetArcAngleRad(arc) / static_cast<double>(points.size() - 1);
+    GXVector radius(flat.Center, flat.Start);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      radius.Rotate(GXVector(0.0, 0.0, flat.IsClockwise() ? -1.0 : 1.0), step);
+      ASSERT_POINT_EQ(points[i], flat.Center + radius) << "round " << round << ", point " << i;
+    }
+  }
 }
 
 }  // namespace
