@@ -179,6 +179,14 @@ static_assert(sizeof(IGXLAPartDump_GXLAContourInstanceXmlAttribute) == 8);
 static_assert(std::is_abstract_v<IGXLAPartDump_GXLAContourInstanceXmlAttribute>);
 static_assert(!std::has_virtual_destructor_v<IGXLAPartDump_GXLAContourInstanceXmlAttribute>);
 
+// The classes of the kernel.
+static_assert(sizeof(ttvPlaneCS) == 328 && alignof(ttvPlaneCS) == 8);
+static_assert(sizeof(GXConicSurface) == 336 && std::is_base_of_v<ttvPlaneCS, GXConicSurface>);
+static_assert(!std::is_polymorphic_v<ttvPlaneCS> && !std::is_polymorphic_v<GXConicSurface>);
+// Hosts copy them field by field, and nothing has to be told when one ends.
+static_assert(std::is_trivially_copyable_v<ttvPlaneCS>);
+static_assert(std::is_trivially_copyable_v<GXConicSurface>);
+
 // The numbers behind the enumerators.
 static_assert(GXGeometry::ePointOutsideContour == 0 && GXGeometry::ePointInsideContour == 1 &&
               GXGeometry::ePointOnContour == 2);
@@ -382,6 +390,28 @@ TEST(Layout, Mappings) {
   EXPECT_EQ(OffsetOf(pairs, pairs.KeyToValue), 8U);
   EXPECT_EQ(OffsetOf(pairs, pairs.ValueToKey), 8 + sizeof(Partners));
   EXPECT_EQ(OffsetOf(pairs, pairs.Offsets), 8 + 2 * sizeof(Partners));
+}
+
+// The flag, seven points of 24 bytes, two frames of 72 bytes, the unit flag.
+TEST(Layout, PlaneWithItsCoordinateSystem) {
+  const ttvPlaneCS plane(0);
+  EXPECT_EQ(OffsetOf(plane, plane.Valid), 0U);
+  EXPECT_EQ(OffsetOf(plane, plane.Origin), 8U);
+  EXPECT_EQ(OffsetOf(plane, plane.XPoint), 32U);
+  EXPECT_EQ(OffsetOf(plane, plane.YPoint), 56U);
+  EXPECT_EQ(OffsetOf(plane, plane.ZPoint), 80U);
+  EXPECT_EQ(OffsetOf(plane, plane.UnitX), 104U);
+  EXPECT_EQ(OffsetOf(plane, plane.UnitY), 128U);
+  EXPECT_EQ(OffsetOf(plane, plane.UnitZ), 152U);
+  EXPECT_EQ(OffsetOf(plane, plane.Frame), 176U);
+  EXPECT_EQ(OffsetOf(plane, plane.Inverse), 248U);
+  EXPECT_EQ(OffsetOf(plane, plane.Unit), 320U);
+}
+
+TEST(Layout, CylinderBehindItsPlane) {
+  const GXConicSurface cylinder(0);
+  EXPECT_EQ(OffsetOfBase<ttvPlaneCS>(cylinder), 0U);
+  EXPECT_EQ(OffsetOf(cylinder, cylinder.Radius), 328U);
 }
 
 TEST(Layout, CompanionTypes) {

@@ -4,8 +4,8 @@
     named_operations.py --self-test
 
 declared_members.py proves that headers and libraries agree; an operation that both forgot goes
-unnoticed there. The list beside this script names every one of them on its own; its head tells the
-form of a line.
+unnoticed there. The lists beside this script name every one of them on their own; the head of
+operations.txt tells the form of a line. A list that names free functions has to name them all.
 """
 
 import collections
@@ -16,7 +16,7 @@ import sys
 
 from declared_members import matching, statements, without_comments
 
-LINE = re.compile(r"(?P<name>[\w:~]+::(?:operator[^\s\w]+|~?\w+))"
+LINE = re.compile(r"(?P<name>(?P<owner>[\w:~]+::)?(?:operator[^\s\w]+|~?\w+))"
                   r"(?:\s+(?P<count>\d+))?"
                   r"(?:\s+(?P<kind>abstract|inline|class|from)(?:\s+(?P<base>\S.*))?)?$")
 
@@ -30,7 +30,8 @@ def parsed(text):
         if not line.strip() or line.startswith("#"):
             continue
         match = LINE.match(line)
-        if not match or (match["kind"] == "from") != bool(match["base"]):
+        if (not match or (match["kind"] == "from") != bool(match["base"]) or
+                (match["kind"] and not match["owner"])):
             trouble.append("line %d is not understood: %s" % (number, line))
             continue
         entries.append(Entry(match["name"], int(match["count"] or 1), match["kind"] or "exported",
@@ -121,9 +122,18 @@ def missing(entry, functions, types, headers):
     return "%d %s, %d expected" % (found, entry.kind, entry.count)
 
 
+def unnamed(entries, functions):
+    """What is wrong with the free functions of a list; nothing if it names none."""
+    named = {entry.name: entry.count for entry in entries if "::" not in entry.name}
+    free = {name: len(found) for name, found in functions.items() if "::" not in name}
+    return ["%s: %d exported, %d in the list" % (name, free[name], named.get(name, 0))
+            for name in sorted(free) if named and free[name] > named.get(name, 0)]
+
+
 def check(text, symbols, headers):
     entries, trouble = parsed(text)
     functions, types = exported(symbols)
+    trouble += unnamed(entries, functions)
     for entry in entries:
         lack = missing(entry, functions, types, headers)
         if lack:
@@ -135,7 +145,9 @@ def self_test():
     symbols = "\n".join(("00a0 T Shape::Len() const", "00a1 T Shape::Shape()",
                          "00a2 T Shape::Shape(double const&)", "00a3 T Shape::~Shape()",
                          "00a4 T Shape::operator*(double) const", "00a5 T Text::Str[abi:cxx11]()",
-                         "00a6 V typeinfo for Shape::Error", "                 U Shape::Wanted()"))
+                         "00a6 V typeinfo for Shape::Error", "                 U Shape::Wanted()",
+                         "00a7 T Cut(double)", "00a8 T Cut(double const*, double const (*) [3])",
+                         "00a9 T Turn(int)", "00aa T _init"))
     headers = Headers(["""
         class KTRCL_GEOMETRY_EXPORT Shape : public std::deque<Point*> {
          public:
@@ -155,12 +167,17 @@ def self_test():
         Shape::Twice inline
         Shape::Error class
         Shape::push_back from std::deque<Point*>
-        Round::Len from Shape""".replace("        ", "")
+        Round::Len from Shape
+        Cut 2
+        Turn""".replace("        ", "")
     bad = ("", "# Comments alone.", "Shape::Width", "Shape::Wanted", "Shape::Shape 3",
            "Shape::operator+", "Shape::Len abstract", "Shape::Visit", "Shape::Visit 2 abstract",
            "Shape::Len inline", "Shape::Fault class", "Shape::size from std::list<Point*>",
-           "Round::Width from Shape", "Shape::Len\nShape::Len", "Shape::Len twice", "Len")
+           "Round::Width from Shape", "Shape::Len\nShape::Len", "Shape::Len twice", "Len",
+           "Cut\nTurn", "Cut 3\nTurn", "Cut 2", "Cut 2 inline\nTurn")
     trouble = ["a good list fails: " + line for line in check(good, symbols, headers)]
+    trouble += ["a list of members fails: " + line
+                for line in check("Shape::Len", symbols, headers)]
     trouble += ["a bad list passes: %r" % text for text in bad if not check(text, symbols, headers)]
     return trouble
 
