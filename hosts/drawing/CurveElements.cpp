@@ -113,7 +113,7 @@ class EvenSteps {
   std::vector<std::vector<double>> Rows() const;
 
  private:
-  std::vector<double> Lengths(double count) const;
+  std::vector<double> Lengths(std::size_t count) const;
 
   double step_;
   std::vector<double> lengths_;  // Of the samples.
@@ -143,11 +143,11 @@ EvenSteps::EvenSteps(const CurveTrace& trace, const Stretch& part, double chord)
   }
 }
 
-std::vector<double> EvenSteps::Lengths(double count) const {
+std::vector<double> EvenSteps::Lengths(std::size_t count) const {
   std::vector<double> result = {lengths_.front()};
   std::size_t i = 1;
-  for (double k = 1.0; k < count; k += 1.0) {
-    const double sum = sums_.back() * (k / count);
+  for (std::size_t k = 1; k < count; ++k) {
+    const double sum = sums_.back() * (static_cast<double>(k) / static_cast<double>(count));
     while (i + 1 < sums_.size() && sums_[i] < sum) ++i;
     const double width = sums_[i] - sums_[i - 1];
     const double share = width > 0.0 ? (sum - sums_[i - 1]) / width : 1.0;
@@ -163,7 +163,7 @@ std::vector<std::vector<double>> EvenSteps::Rows() const {
   const double wanted = std::clamp(sums_.back() / step_, kLeastSteps, most);
   const double rows = std::ceil(wanted / kMostSteps);
   const double steps = std::ceil(wanted / rows);
-  const std::vector<double> all = Lengths(rows * steps);
+  const std::vector<double> all = Lengths(static_cast<std::size_t>(rows * steps));
   const auto size = static_cast<std::ptrdiff_t>(steps);
   std::vector<std::vector<double>> result;
   for (auto first = all.begin(); first + 1 != all.end(); first += size) {

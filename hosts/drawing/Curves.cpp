@@ -24,8 +24,9 @@ EllipseCurve::EllipseCurve(const PlaneVector& center, const PlaneVector& major,
     : center_(center), major_(major), minor_(minor) {
   breaks_.push_back(from);
   const double first = std::floor(from / kQuarterTurn) + 1.0;
-  for (double quarter = first; quarter * kQuarterTurn < to; quarter += 1.0) {
-    const double axis = quarter * kQuarterTurn;
+  const auto count = static_cast<int>(std::ceil(to / kQuarterTurn - first));
+  for (int i = 0; i < count; ++i) {
+    const double axis = (first + i) * kQuarterTurn;
     if (axis - from > kSameParameter && to - axis > kSameParameter) breaks_.push_back(axis);
   }
   breaks_.push_back(to);
@@ -47,7 +48,7 @@ CurvePoint EllipseCurve::At(std::size_t /*piece*/, double parameter) const {
 std::size_t EllipseCurve::LeastIntervals() const { return kEllipseIntervals; }
 
 SplineCurve::SplineCurve(std::size_t degree, std::vector<double> knots,
-                         std::vector<ControlPoint> points)
+                         const std::vector<ControlPoint>& points)
     : degree_(degree), knots_(std::move(knots)) {
   // Only the ratios of the weights count; with the largest at 1 no product of theirs overflows.
   double largest = 0.0;

@@ -84,7 +84,8 @@ class SplineCurve : public Curve {
   /// Requires: `degree` from 1 to kHighestDegree, more than `degree` points, as many knots as
   /// points and `degree` and one more, none smaller than the one before, knots[degree] below
   /// knots[points.size()], weights above 0.
-  SplineCurve(std::size_t degree, std::vector<double> knots, std::vector<ControlPoint> points);
+  SplineCurve(std::size_t degree, std::vector<double> knots,
+              const std::vector<ControlPoint>& points);
 
   const std::vector<double>& Breaks() const override;
   CurvePoint At(std::size_t piece, double parameter) const override;

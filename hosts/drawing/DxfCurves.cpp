@@ -174,7 +174,7 @@ void BuildFromControls(DxfValues& values, SplineGroups& groups, std::size_t degr
     points.push_back({groups.controls.points[i], groups.weights.empty() ? 1.0 : groups.weights[i]});
   }
   if (degree == 1) result.vertices = groups.controls.points;
-  result.curve = std::make_unique<SplineCurve>(degree, std::move(groups.knots), std::move(points));
+  result.curve = std::make_unique<SplineCurve>(degree, std::move(groups.knots), points);
 }
 
 PlaneVector Tangent(DxfValues& values, int code) {

@@ -161,7 +161,7 @@ std::unique_ptr<Curve> SplineThrough(const FitPoints& fit) {
     knots.insert(knots.end(), 3, knot);
   }
   knots.push_back(knots.back());
-  return std::make_unique<SplineCurve>(3, std::move(knots), std::move(controls));
+  return std::make_unique<SplineCurve>(3, std::move(knots), controls);
 }
 
 }  // namespace drawing

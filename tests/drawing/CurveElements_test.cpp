@@ -289,6 +289,14 @@ TEST(ApproximateCurve, FollowsACuspALoopAndAStraightMiddle) {
   }
 }
 
+TEST(ApproximateCurve, ClosesExactlyWhatEndsWithinATenthOfAMicron) {
+  const auto curve = support::BezierPieces(
+      {{0, 0}, {0, -9}, {9, -9}, {20, 0}, {31, 9}, {3, 19}, {0.00006, -0.00007}});
+  const Approximated made = Approximate(*curve, kTolerance);
+  ExpectSound(*curve, made);
+  ExpectClosed(made);
+}
+
 TEST(ApproximateCurve, KeepsATinyCurve) {
   const EllipseCurve curve({5, 5}, {0.02, 0}, {0, 0.01}, 0.0, 2 * kPi);
   const Approximated made = Approximate(curve, kTolerance);

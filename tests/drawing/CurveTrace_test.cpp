@@ -83,11 +83,11 @@ TEST(TraceCurve, FindsADirectionWhereTheCurveStandsStill) {
 }
 
 TEST(TraceCurve, SeesBothDirectionsAtACusp) {
-  // x = 6 t - 18 t^2 + 12 t^3 and y = 3 t - 3 t^2 stand still together at no t; with these points
-  // x' and y' vanish at t = 1/2: the curve comes from below right and leaves below left.
-  const auto curve = support::BezierPieces({{0, 0}, {10, 10}, {0, 10}, {10, 0}});
+  // x' = 30 (1 - 2 t)^2 and y' = 30 (1 - 2 t): the curve comes from below, stands still at t = 1/2
+  // and goes down again.
+  const CurveTrace trace = TraceOf(*support::BezierPieces({{0, 0}, {10, 10}, {0, 10}, {10, 0}}));
   bool turnsBack = false;
-  for (const TraceSample& s : TraceOf(*curve).Samples()) {
+  for (const TraceSample& s : trace.Samples()) {
     const double cosine = s.in.x * s.out.x + s.in.y * s.out.y;
     turnsBack = turnsBack || cosine < -0.9;
   }

@@ -123,6 +123,8 @@ TEST(SplineCurve, HasDerivativesLikeDifferencesOfPlaces) {
     // Central differences are off by the square of the step and by rounding over the step
     // (squared).
     EXPECT_NEAR(p.first.x, (behind.x - before.x) / (2 * kStep), 1e-3);
+    EXPECT_NEAR(p.first.y, (behind.y - before.y) / (2 * kStep), 1e-3);
+    EXPECT_NEAR(p.second.x, (behind.x - 2 * p.place.x + before.x) / (kStep * kStep), 1e-2);
     EXPECT_NEAR(p.second.y, (behind.y - 2 * p.place.y + before.y) / (kStep * kStep), 1e-2);
   }
 }
