@@ -95,6 +95,8 @@ void AddBoundBox(const GX2DElmList& elements, GXParagraph& paragraph) {
 
 }  // namespace
 
+IGXLAPartDump_GXLAContourInstanceXmlAttribute::IGXLAPartDump_GXLAContourInstanceXmlAttribute() =
+    default;
 IGXLAPartDump_GXLAContourInstanceXmlAttribute::~IGXLAPartDump_GXLAContourInstanceXmlAttribute() =
     default;
 

@@ -18,6 +18,7 @@ class KTRCL_GEOMETRY_EXPORT IGXLAPartDump_GXLAContourInstanceXmlAttribute {
   virtual void AddXmlAttribute(GXLAContourInstance* instance, GXParagraph* paragraph) = 0;
 
  protected:
+  IGXLAPartDump_GXLAContourInstanceXmlAttribute();
   // Hosts destroy their own classes; a virtual destructor would change the table.
   ~IGXLAPartDump_GXLAContourInstanceXmlAttribute();
 };
