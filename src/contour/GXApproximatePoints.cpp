@@ -41,6 +41,12 @@ double DistanceOf(const std::vector<GX2DPoint>& points, int i, int j) {
   return GXGeometry::GetDistancePointPoint(At(points, i), At(points, j));
 }
 
+// Points that coincide have no line.
+void AppendLine(GX2DElmList& elements, const GX2DPoint& from, const GX2DPoint& to,
+                double distance) {
+  if (distance > 0.0) PushOwned(elements, std::make_unique<GX2DLine>(from, to));
+}
+
 // The last index that counts leaves room for the next ones in an int.
 int LastIndex(const std::vector<GX2DPoint>& points) {
   constexpr std::size_t kLargest = std::numeric_limits<int>::max() - 2;
@@ -152,9 +158,7 @@ bool GXApproximatePoints::ApproximateByLinesAndArcs(const std::vector<GX2DPoint>
       while (k < last && DistanceOf(points, first, k) < tolerance) ++k;
       const double distance = DistanceOf(points, first, k);
       if (distance < tolerance) {
-        if (distance > 0.0) {
-          PushOwned(elements, std::make_unique<GX2DLine>(At(points, first), At(points, last)));
-        }
+        AppendLine(elements, At(points, first), At(points, last), distance);
         return true;
       }
       PushOwned(elements, std::make_unique<GX2DArc>(grownArc(first, k)));

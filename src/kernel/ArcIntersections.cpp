@@ -15,7 +15,6 @@ using ktrcl_internal::CircleRoots;
 using ktrcl_internal::Copy;
 using ktrcl_internal::Flat;
 using ktrcl_internal::PlaneCircle;
-using ktrcl_internal::PlanePoint;
 using ktrcl_internal::TwoWayFrame;
 
 namespace {
