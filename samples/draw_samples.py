@@ -23,6 +23,7 @@ from dxf_writer import (  # noqa: E402
     R2000,
     Circle,
     DxfWriter,
+    Insert,
     Line,
     Polyline,
     arc_from_bulge,
@@ -345,6 +346,40 @@ def shuffled_entities(seed):
     return entities_of
 
 
+def shortened(line, at_start, at_end):
+    """`line` without a piece of the given length at either end."""
+    along = (line.end - line.start) / abs(line.end - line.start)
+    return Line(line.start + along * at_start, line.end - along * at_end)
+
+
+def messy_entities(part):
+    """What careless hands leave behind: gaps of 0.02 and 0.08 mm, one side drawn twice (the second
+    time the other way round) and a piece of another one once more, a line without length, and all
+    of it shuffled and half of it turned round."""
+    entities = shuffled_entities(81)(part)
+    lines = [i for i, (_, entity) in enumerate(entities) if isinstance(entity, Line)]
+    for index, cuts in zip(lines, ((0.02, 0.0), (0.0, 0.08), (0.05, 0.03))):
+        layer, line = entities[index]
+        entities[index] = (layer, shortened(line, *cuts))
+    layer, twice = entities[lines[3]]
+    entities.insert(2, (layer, Line(twice.end, twice.start)))
+    layer, longer = entities[lines[-1] + 1]
+    entities.append((layer, shortened(longer, 5.0, 7.5)))
+    entities.insert(5, (layer, Line(twice.start, twice.start)))
+    return entities
+
+
+@dataclass(frozen=True)
+class Sheet:
+    """Several things in one drawing: loose entities, and blocks that are inserted."""
+
+    entities: tuple
+    blocks: dict
+
+    def text(self):
+        return DxfWriter(R12, MILLIMETRE, LAYERS).text(list(self.entities), blocks=self.blocks)
+
+
 @dataclass(frozen=True)
 class Drawing:
     part: Part
@@ -482,11 +517,34 @@ def round_cover_drawings():
     }
 
 
+def messy_drawings():
+    return {
+        "messy-bracket": Drawing(bracket(), messy_entities),
+        "messy-sheet": messy_sheet(),
+    }
+
+
+def messy_sheet():
+    """A gusset, a latch that is drawn as a block and inserted as its mirror image, six tabs by one
+    insertion, and an outline that is open by 0.5 mm."""
+    latch = Part(polygon((0, 0, 4), (60, 0, 0), (60, 18, 6), (22, 30, 0), (0, 30, 4)), (hole(12, 15, 8),))
+    tab = Part(rectangle(0, 0, 20, 12, 2), (slot(10, 6, 9, 4),))
+    blocks = {"LATCH": messy_entities(latch), "TAB": loose_entities(tab)}
+    open_outline = loose_entities(Part(rectangle(200, 0, 50, 40, 0)))
+    layer, side = open_outline[2]
+    open_outline[2] = (layer, shortened(side, 0.5, 0.0))
+    inserts = (
+        ("OUTLINE", Insert("LATCH", 270 + 70j, scale_x=-1.0, degrees=20.0)),
+        ("OUTLINE", Insert("TAB", 0 - 60j, columns=3, rows=2, steps=30 + 20j)),
+    )
+    return Sheet((*shuffled_entities(82)(gusset()), *open_outline, *inserts), blocks)
+
+
 def main(arguments):
     folder = Path(arguments[0]) if arguments else Path(__file__).resolve().parent
     families = (
         bracket_drawings, flange_drawings, gusset_drawings, panel_drawings, bezel_drawings,
-        chain_guard_drawings, round_cover_drawings,
+        chain_guard_drawings, round_cover_drawings, messy_drawings,
     )
     for family in families:
         for name, drawing in family().items():

@@ -46,6 +46,20 @@ class Polyline:
     vertices: tuple
 
 
+@dataclass(frozen=True)
+class Insert:
+    """A block, placed, scaled along x (negative: mirrored), turned in degrees, then repeated in
+    `columns` and `rows`."""
+
+    block: str
+    place: complex
+    scale_x: float = 1.0
+    degrees: float = 0.0
+    columns: int = 1
+    rows: int = 1
+    steps: complex = 0j  # from column to column (x) and from row to row (y)
+
+
 def number(value):
     """Ten decimals, without the zeros that say nothing; a unit in the last place of sine or cosine,
     in which machines differ, does not reach the text."""
@@ -68,13 +82,16 @@ def angle_text(degrees):
 
 
 def box(entities):
-    """Lower left and upper right corner; whole circles stand in for arcs and bulged sides."""
+    """Lower left and upper right corner; whole circles stand in for arcs and bulged sides, the place
+    of a block for what is in it."""
     low, high = complex(math.inf, math.inf), complex(-math.inf, -math.inf)
     for entity in entities:
         if isinstance(entity, Line):
             corners = [entity.start, entity.end]
         elif isinstance(entity, Polyline):
             corners = [vertex for vertex, _ in entity.vertices]
+        elif isinstance(entity, Insert):
+            corners = [entity.place]
         else:
             reach = complex(entity.radius, entity.radius)
             corners = [entity.center - reach, entity.center + reach]
@@ -96,11 +113,16 @@ class DxfWriter:
 
     # -- the whole file -------------------------------------------------------------------------
 
-    def text(self, entities, newline="\n"):
-        """`entities` is a list of (layer, entity)."""
+    def text(self, entities, newline="\n", blocks=None):
+        """`entities` is a list of (layer, entity); `blocks`, of R12 alone, has such a list for each
+        name."""
         modern = self.version == R2000
         body = DxfWriter(self.version, self.unit, self.layers)
+        if blocks:
+            body.write_plain_blocks(blocks)
+        body.section("ENTITIES")
         body.write_entities(entities)
+        body.add((0, "ENDSEC"))
         self.last_handle = body.last_handle
         self.write_header(box([entity for _, entity in entities]))
         if modern:
@@ -145,6 +167,14 @@ class DxfWriter:
         for name, colour in {"0": 7, **self.layers}.items():
             self.add((0, "LAYER"), (2, name), (70, 0), (62, colour), (6, "CONTINUOUS"))
         self.add((0, "ENDTAB"), (0, "ENDSEC"))
+
+    def write_plain_blocks(self, blocks):
+        self.section("BLOCKS")
+        for name, entities in blocks.items():
+            self.add((0, "BLOCK"), (8, "0"), (2, name), (70, 0), *point_groups(0j), (3, name))
+            self.write_entities(entities)
+            self.add((0, "ENDBLK"), (8, "0"))
+        self.add((0, "ENDSEC"))
 
     # -- R2000 ----------------------------------------------------------------------------------
 
@@ -223,16 +253,16 @@ class DxfWriter:
     # -- entities -------------------------------------------------------------------------------
 
     def write_entities(self, entities):
-        self.section("ENTITIES")
         for layer, entity in entities:
             if isinstance(entity, Line):
                 self.begin("LINE", layer, "AcDbLine")
                 self.add(*point_groups(entity.start), *point_groups(entity.end, 11))
             elif isinstance(entity, Polyline):
                 self.write_polyline(layer, entity)
+            elif isinstance(entity, Insert):
+                self.write_insert(layer, entity)
             else:
                 self.write_round(layer, entity)
-        self.add((0, "ENDSEC"))
 
     def begin(self, kind, layer, subclass):
         """Type, handle and layer; R12 knows neither owners nor subclass markers."""
@@ -242,6 +272,12 @@ class DxfWriter:
             self.add((330, "19"), (100, "AcDbEntity"), (8, layer), (100, subclass))
         else:
             self.add((8, layer))
+
+    def write_insert(self, layer, insert):
+        self.begin("INSERT", layer, "AcDbBlockReference")
+        self.add((2, insert.block), *point_groups(insert.place), (41, number(insert.scale_x)))
+        self.add((50, angle_text(insert.degrees)), (70, insert.columns), (71, insert.rows))
+        self.add((44, number(insert.steps.real)), (45, number(insert.steps.imag)))
 
     def write_round(self, layer, entity):
         is_arc = isinstance(entity, Arc)

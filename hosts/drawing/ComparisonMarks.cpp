@@ -1,6 +1,6 @@
 #include "drawing/ComparisonMarks.h"
 
-#include <KTRCL_DataTypes/GXMath.h>
+#include "drawing/OutlineStrip.h"
 
 #include <algorithm>
 #include <tuple>
@@ -12,32 +12,11 @@ namespace {
 // Laying outlines on each other tries every start: longer ones are matched in any order instead.
 constexpr std::size_t kMostAligned = 2000;
 
-// One segment of an outline, for matching by kind and length.
-struct SegmentFigure {
-  bool isArc = false;
-  double length = 0.0;
-  std::size_t index = 0;
-};
-
-std::vector<SegmentFigure> SegmentsOf(const GX2DElmList& elements) {
-  std::vector<SegmentFigure> figures;
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    const bool isArc = dynamic_cast<const GX2DArc*>(elements[i]) != nullptr;
-    figures.push_back({isArc, elements[i]->Len(), i});
-  }
-  return figures;
-}
-
-bool AreEqual(const SegmentFigure& x, const SegmentFigure& y) {
-  return x.isArc == y.isArc &&
-         GXMath::AlmostEq(x.length, y.length, GXLATolerances().ToleranceLengthMM());
-}
-
 // Both rows are sorted, so the shortest that is left on either side pairs with the shortest of the
 // other or with none; each stands for at most one.
-void MarkInAnyOrder(std::vector<SegmentFigure> a, std::vector<SegmentFigure> b,
+void MarkInAnyOrder(std::vector<OutlineSegment> a, std::vector<OutlineSegment> b,
                     std::vector<bool>& marksA, std::vector<bool>& marksB) {
-  const auto shorter = [](const SegmentFigure& x, const SegmentFigure& y) {
+  const auto shorter = [](const OutlineSegment& x, const OutlineSegment& y) {
     return std::tie(x.isArc, x.length) < std::tie(y.isArc, y.length);
   };
   std::stable_sort(a.begin(), a.end(), shorter);
@@ -47,7 +26,7 @@ void MarkInAnyOrder(std::vector<SegmentFigure> a, std::vector<SegmentFigure> b,
   std::size_t i = 0;
   std::size_t j = 0;
   while (i < a.size() && j < b.size()) {
-    if (AreEqual(a[i], b[j])) {
+    if (HaveSameLength(a[i], b[j])) {
       marksA[a[i++].index] = false;
       marksB[b[j++].index] = false;
     } else if (shorter(a[i], b[j])) {
@@ -58,29 +37,12 @@ void MarkInAnyOrder(std::vector<SegmentFigure> a, std::vector<SegmentFigure> b,
   }
 }
 
-// B's segment beside A's k-th when B is walked from `start`.
-std::size_t Beside(std::size_t k, std::size_t start, std::size_t count, bool backward) {
-  return backward ? (start + count - k) % count : (start + k) % count;
-}
-
-void MarkAligned(const std::vector<SegmentFigure>& a, const std::vector<SegmentFigure>& b,
+void MarkAligned(const std::vector<OutlineSegment>& a, const std::vector<OutlineSegment>& b,
                  bool backward, std::vector<bool>& marksA, std::vector<bool>& marksB) {
-  const std::size_t count = a.size();
-  std::size_t best = 0;
-  std::size_t bestEqual = 0;
-  for (std::size_t start = 0; start < count; ++start) {
-    std::size_t equal = 0;
-    for (std::size_t k = 0; k < count; ++k) {
-      equal += AreEqual(a[k], b[Beside(k, start, count, backward)]) ? 1 : 0;
-    }
-    if (equal > bestEqual) {
-      best = start;
-      bestEqual = equal;
-    }
-  }
-  for (std::size_t k = 0; k < count; ++k) {
-    const std::size_t other = Beside(k, best, count, backward);
-    marksA[k] = marksB[other] = !AreEqual(a[k], b[other]);
+  const std::size_t best = BestAgreeingStart(a, b, backward);
+  for (std::size_t k = 0; k < a.size(); ++k) {
+    const std::size_t other = SegmentBeside(k, best, a.size(), backward);
+    marksA[k] = marksB[other] = !HaveSameLength(a[k], b[other]);
   }
 }
 
@@ -89,8 +51,8 @@ bool HasMark(const std::vector<bool>& marks) {
 }
 
 void MarkOutlines(const ShapedContour& a, const ShapedContour& b, Marks& marksA, Marks& marksB) {
-  const std::vector<SegmentFigure> segmentsA = SegmentsOf(a.elements);
-  const std::vector<SegmentFigure> segmentsB = SegmentsOf(b.elements);
+  const std::vector<OutlineSegment> segmentsA = OutlineSegments(a);
+  const std::vector<OutlineSegment> segmentsB = OutlineSegments(b);
   MarkInAnyOrder(segmentsA, segmentsB, marksA.segments, marksB.segments);
   if (!HasMark(marksA.segments) && !HasMark(marksB.segments)) {
     marksA.segments.assign(segmentsA.size(), true);

@@ -1,11 +1,11 @@
 #include "drawing/ContourCrossings.h"
 
 #include "drawing/CurveMeasures.h"
+#include "drawing/ElementCrossings.h"
 
 #include <KTRCL_Geometry/contour/GXGeometry.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace drawing {
@@ -32,44 +32,6 @@ std::vector<Pair> NearPairs(const GX2DElmList& tested, const ElementIndex& other
   return pairs;
 }
 
-// The points of two circles: on the line through their centres, and at right angles to it as far as
-// the root says. Circles that touch, or all but touch, give the point between them.
-void CrossCircles(const GX2DArc& p, const GX2DArc& q, std::vector<GX2DPoint>& points) {
-  const double distance = Distance(p.Center, q.Center);
-  const double r = p.Radius();
-  const double s = q.Radius();
-  if (!(distance > 0.0) || distance > r + s + kTouchTolerance ||
-      distance < std::fabs(r - s) - kTouchTolerance) {
-    return;
-  }
-  const double along = 0.5 * (distance + (r - s) * (r + s) / distance);
-  const double across = std::sqrt(std::max(0.0, (r - along) * (r + along)));
-  const double ux = (q.Center.X - p.Center.X) / distance;
-  const double uy = (q.Center.Y - p.Center.Y) / distance;
-  for (const double side : {across, -across}) {
-    points.emplace_back(p.Center.X + along * ux - side * uy, p.Center.Y + along * uy + side * ux);
-  }
-}
-
-// Signed distance of a point from the line, positive on the left.
-double SideOf(const GX2DLine& line, const GX2DPoint& p) {
-  const double dx = line.End.X - line.Start.X;
-  const double dy = line.End.Y - line.Start.Y;
-  const double length = std::hypot(dx, dy);
-  if (length == 0.0) return 0.0;
-  return (dx * (p.Y - line.Start.Y) - dy * (p.X - line.Start.X)) / length;
-}
-
-// The point at which a line passes from one side of another to the other side.
-void CrossLines(const GX2DLine& p, const GX2DLine& q, std::vector<GX2DPoint>& points) {
-  const double before = SideOf(q, p.Start);
-  const double behind = SideOf(q, p.End);
-  if (!(before < 0.0 && behind > 0.0) && !(before > 0.0 && behind < 0.0)) return;
-  const double share = before / (before - behind);
-  points.emplace_back(p.Start.X + share * (p.End.X - p.Start.X),
-                      p.Start.Y + share * (p.End.Y - p.Start.Y));
-}
-
 // What GetIntersections leaves out of a pair: candidates, which need not lie on both elements.
 void AddCandidates(GX2DElement& p, GX2DElement& q, std::vector<GX2DPoint>& points) {
   const auto* arc = dynamic_cast<const GX2DArc*>(&p);
@@ -78,10 +40,8 @@ void AddCandidates(GX2DElement& p, GX2DElement& q, std::vector<GX2DPoint>& point
   const auto* otherLine = dynamic_cast<const GX2DLine*>(&q);
   if (arc != nullptr && otherArc != nullptr) CrossCircles(*arc, *otherArc, points);
   if (line != nullptr && otherLine != nullptr) CrossLines(*line, *otherLine, points);
-  for (GX2DElement* element : {&p, &q}) {
-    points.push_back(element->GetStartPoint());
-    points.push_back(element->GetEndPoint());
-  }
+  AddEnds(p, points);
+  AddEnds(q, points);
 }
 
 // Gathers points on the elements of the tested contour.

@@ -90,6 +90,34 @@ bool UnitFromCode(int code, Unit& unit) {
   return known;
 }
 
+Drawing CopyOf(const Drawing& drawing) {
+  Drawing copy;
+  copy.file = drawing.file;
+  copy.usable = drawing.usable;
+  copy.refusal = drawing.refusal;
+  copy.version = drawing.version;
+  copy.unit = drawing.unit;
+  copy.entities = drawing.entities;
+  copy.elements.reserve(drawing.elements.size());
+  for (const DrawnElement& drawn : drawing.elements) {
+    copy.elements.push_back(
+        {drawn.element ? std::unique_ptr<GX2DElement>(drawn.element->Clone()) : nullptr,
+         drawn.entity});
+  }
+  copy.curves = drawing.curves;
+  copy.entitiesByType = drawing.entitiesByType;
+  copy.blockEntitiesByType = drawing.blockEntitiesByType;
+  copy.entitiesByLayer = drawing.entitiesByLayer;
+  copy.expandedInserts = drawing.expandedInserts;
+  copy.unusedByType = drawing.unusedByType;
+  copy.refusedByType = drawing.refusedByType;
+  copy.paperSpaceByType = drawing.paperSpaceByType;
+  copy.hiddenByLayer = drawing.hiddenByLayer;
+  copy.zeroLength = drawing.zeroLength;
+  copy.complaints = drawing.complaints;
+  return copy;
+}
+
 void Complain(Drawing& drawing, Severity severity, std::size_t line, const DrawnEntity* entity,
               std::string what, std::string done) {
   Complaint complaint;

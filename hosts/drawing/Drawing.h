@@ -62,6 +62,17 @@ struct DrawnEntity {
   std::string linetype;
   std::string handle;
   std::size_t line = 0;  ///< The line that names its type, counted from 1.
+  /// Names of the blocks it came out of, from the outermost in: "FRAME", "FRAME / BOLT"; empty for
+  /// what was drawn in the model space itself.
+  std::string block;
+  std::size_t insertLine = 0;  ///< Line of the INSERT in the model space; 0 without a block.
+};
+
+/// What was drawn with length zero and has no element: a whole entity, which is refused, or a side
+/// of a polyline, whose other sides may be in use. Every such side is one of these.
+struct ZeroLengthEntity {
+  DrawnEntity entity;
+  GX2DPoint place;
 };
 
 /// One element of the drawing, in millimetres, in the plane z = 0.
@@ -73,7 +84,8 @@ struct DrawnElement {
 
 /// What became of the curves of a drawing that are neither lines nor arcs.
 struct CurveSummary {
-  std::size_t curves = 0;   ///< Entities.
+  /// Entities; of arcs and polylines that an uneven scale has made elliptic, each such arc.
+  std::size_t curves = 0;
   std::size_t circles = 0;  ///< Full circles that stand for them.
   std::size_t arcs = 0;     ///< Arcs; circles are not counted again.
   std::size_t lines = 0;
@@ -83,11 +95,13 @@ struct CurveSummary {
 
 /// A drawing as it was read.
 ///
-/// Every entity of the model space is counted once in `entitiesByType`; it is either used (an entry
-/// in `entities`), of a kind that is not usable yet (`unusedByType`) or refused with a complaint
-/// (`refusedByType`). Vertices, sequence ends and attributes belong to the entity in front of them
-/// and are not counted. The contents of block definitions are no geometry of the drawing by
-/// themselves.
+/// Every entity of the model space is counted once in `entitiesByType`, and every entity that comes
+/// out of a block, once for each copy, in `blockEntitiesByType`; both in `entitiesByLayer`. Each of
+/// them is either used (an entry in `entities`), of a kind that is not usable yet (`unusedByType`),
+/// refused with a complaint (`refusedByType`), left out for its layer (`hiddenByLayer`), or an
+/// INSERT in whose place the contents of its block stand (`expandedInserts`). Vertices, sequence
+/// ends and attributes belong to the entity in front of them and are not counted. The contents of
+/// block definitions are no geometry of the drawing by themselves.
 struct Drawing {
   std::string file;
   bool usable = false;  ///< False where nothing at all could be read; `refusal` says why.
@@ -98,12 +112,21 @@ struct Drawing {
   std::vector<DrawnElement> elements;  ///< In the order of the file.
   CurveSummary curves;
   std::map<std::string, int> entitiesByType;
+  std::map<std::string, int> blockEntitiesByType;
   std::map<std::string, int> entitiesByLayer;
+  int expandedInserts = 0;
   std::map<std::string, int> unusedByType;
   std::map<std::string, int> refusedByType;
-  std::map<std::string, int> paperSpaceByType;  ///< Not in any of the other counts.
-  std::vector<Complaint> complaints;            ///< In the order of their lines.
+  /// Of the paper space, the blocks of layouts included; not in any of the other counts.
+  std::map<std::string, int> paperSpaceByType;
+  /// On layers off or frozen, by layer. Of an INSERT on a frozen layer only itself is counted.
+  std::map<std::string, int> hiddenByLayer;
+  std::vector<ZeroLengthEntity> zeroLength;  ///< In the order of the file.
+  std::vector<Complaint> complaints;         ///< In the order of their lines.
 };
+
+/// A drawing with elements of its own, equal to those of `drawing`.
+Drawing CopyOf(const Drawing& drawing);
 
 /// Appends a complaint. `entity` names what it is about; null where it is about no entity.
 void Complain(Drawing& drawing, Severity severity, std::size_t line, const DrawnEntity* entity,

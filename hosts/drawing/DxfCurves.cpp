@@ -24,19 +24,16 @@ constexpr int kClosedFlag = 1;
 
 bool IsFinite(const PlaneVector& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-void Raise(double& elevation, double z) {
-  if (std::fabs(z) > std::fabs(elevation)) elevation = z;
-}
-
 // One point out of groups that each stand for many: the code of x, of y (10 more), of z (20 more).
 struct PointRow {
   int code;
   const char* name;  // "control point", "fit point"
   std::vector<PlaneVector> points;
+  HeightRange heights = {};
   bool wantsY = false;
 
   // True where the group was one of the row's.
-  bool Take(const DxfGroup& group, DxfValues& values, double& elevation) {
+  bool Take(const DxfGroup& group, DxfValues& values) {
     if (group.code != code && group.code != code + 10 && group.code != code + 20) return false;
     const double number = values.Number(group);
     if (group.code == code) {
@@ -52,7 +49,7 @@ struct PointRow {
       if (!points.empty()) points.back().y = number;
       wantsY = false;
     } else {
-      Raise(elevation, number);
+      heights.Add(number);
     }
     return true;
   }
@@ -61,9 +58,10 @@ struct PointRow {
     values.Fail("a " + std::string(name) + " has no group " + std::to_string(code + 10), line);
   }
 
-  void Scale(double factor, DxfValues& values) {
+  void Map(const PlaneMap& map, double factor, DxfValues& values) {
     for (PlaneVector& p : points) {
-      p = {p.x * factor, p.y * factor};
+      const PlaneVector mapped = map.Place(p);
+      p = {mapped.x * factor, mapped.y * factor};
       if (!IsFinite(p)) values.Fail("a coordinate in millimetres is too large", Line(values));
     }
   }
@@ -81,7 +79,7 @@ struct SplineGroups {
   std::size_t badWeightLine = 0;  // Of the first weight that is not above 0.
 };
 
-SplineGroups ReadSplineGroups(DxfValues& values, double& elevation) {
+SplineGroups ReadSplineGroups(DxfValues& values) {
   SplineGroups groups;
   for (const DxfGroup& group : values.Record().groups) {
     if (group.code == 40) {
@@ -93,8 +91,8 @@ SplineGroups ReadSplineGroups(DxfValues& values, double& elevation) {
       const double weight = values.Number(group);
       if (!(weight > 0.0) && groups.badWeightLine == 0) groups.badWeightLine = group.line;
       groups.weights.push_back(weight);
-    } else if (!groups.controls.Take(group, values, elevation)) {
-      groups.fits.Take(group, values, elevation);
+    } else if (!groups.controls.Take(group, values)) {
+      groups.fits.Take(group, values);
     }
   }
   const std::size_t line = values.Record().line;
@@ -181,7 +179,28 @@ PlaneVector Tangent(DxfValues& values, int code) {
   return {values.Optional(code, 0.0), values.Optional(code + 10, 0.0)};
 }
 
-void BuildFromFitPoints(DxfValues& values, SplineGroups& groups, DxfCurve& result) {
+// A curve seen through a map of millimetres.
+class MappedCurve : public Curve {
+ public:
+  MappedCurve(std::unique_ptr<Curve> curve, const PlaneMap& map)
+      : curve_(std::move(curve)), map_(map) {}
+
+  const std::vector<double>& Breaks() const override { return curve_->Breaks(); }
+  std::size_t LeastIntervals() const override { return curve_->LeastIntervals(); }
+  CurvePoint At(std::size_t piece, double parameter) const override {
+    const CurvePoint at = curve_->At(piece, parameter);
+    return {map_.Place(at.place), map_.Direction(at.first), map_.Direction(at.second)};
+  }
+
+ private:
+  std::unique_ptr<Curve> curve_;
+  PlaneMap map_;
+};
+
+// The parameter follows the lengths of the chords as drawn, so the curve is mapped and not its
+// points.
+void BuildFromFitPoints(DxfValues& values, SplineGroups& groups, double factor, PlaneMap map,
+                        DxfCurve& result) {
   FitPoints fit;
   fit.points = std::move(groups.fits.points);
   fit.startTangent = Tangent(values, 12);
@@ -193,19 +212,22 @@ void BuildFromFitPoints(DxfValues& values, SplineGroups& groups, DxfCurve& resul
                 values.Record().line);
     return;
   }
-  result.curve = SplineThrough(fit);
+  map.x0 *= factor;
+  map.y0 *= factor;
+  result.curve = std::make_unique<MappedCurve>(SplineThrough(fit), map);
 }
 
-void ReadSpline(DxfValues& values, double factor, DxfCurve& result) {
-  SplineGroups groups = ReadSplineGroups(values, result.elevation);
+void ReadSpline(DxfValues& values, double factor, const PlaneMap& map, DxfCurve& result) {
+  SplineGroups groups = ReadSplineGroups(values);
+  result.heights = groups.controls.points.empty() ? groups.fits.heights : groups.controls.heights;
   result.markedClosed = (values.Integer(70, 0) & kClosedFlag) != 0;
   const std::size_t degree = ReadDegree(values);
   CheckCounts(values, groups);
-  groups.controls.Scale(factor, values);
-  groups.fits.Scale(factor, values);
+  groups.controls.Map(map, factor, values);
+  groups.fits.Map(PlaneMap(), factor, values);
   if (!values.Failure().empty()) return;
   if (groups.controls.points.empty()) {
-    BuildFromFitPoints(values, groups, result);
+    BuildFromFitPoints(values, groups, factor, map, result);
   } else {
     BuildFromControls(values, groups, degree, result);
   }
@@ -220,11 +242,27 @@ double EndBehind(double from, double to) {
   return from + (sweep > 0.0 ? sweep : sweep + kTwoPi);
 }
 
-void ReadEllipse(DxfValues& values, double factor, bool fromBelow, DxfCurve& result) {
-  const PlaneVector center{values.Required(10) * factor, values.Required(20) * factor};
-  const PlaneVector major{values.Required(11) * factor, values.Required(21) * factor};
-  Raise(result.elevation, values.Optional(30, 0.0));
-  Raise(result.elevation, values.Optional(31, 0.0));
+PlaneVector Scaled(const PlaneVector& v, double factor) { return {v.x * factor, v.y * factor}; }
+
+// The axes where the map puts them. A similarity keeps the right angle between them.
+EllipseAxes MappedAxes(const PlaneMap& map, const PlaneVector& major, double side) {
+  const PlaneVector first = map.Direction(major);
+  if (map.IsSimilarity()) {
+    const double turned = map.Mirrors() ? -side : side;
+    return {first, {-turned * first.y, turned * first.x}, 0.0};
+  }
+  return AxesOf(first, map.Direction({-side * major.y, side * major.x}));
+}
+
+void ReadEllipse(DxfValues& values, double factor, const PlaneMap& map, bool fromBelow,
+                 DxfCurve& result) {
+  const PlaneVector drawnCenter{values.Required(10), values.Required(20)};
+  const PlaneVector center = Scaled(map.Place(drawnCenter), factor);
+  const PlaneVector major = Scaled({values.Required(11), values.Required(21)}, factor);
+  const double z = values.Optional(30, 0.0);
+  const double rise = values.Optional(31, 0.0);
+  result.heights.Add(z + rise);
+  result.heights.Add(z - rise);
   const double ratio = values.Required(40);
   const double from = values.Optional(41, 0.0);
   const double to = values.Optional(42, kTwoPi);
@@ -241,25 +279,30 @@ void ReadEllipse(DxfValues& values, double factor, bool fromBelow, DxfCurve& res
   result.equalParameters = from == to;
   const double side = fromBelow ? -ratio : ratio;
   const double first = std::fmod(from, kTwoPi);
-  result.curve =
-      std::make_unique<EllipseCurve>(center, major, PlaneVector{-side * major.y, side * major.x},
-                                     first, EndBehind(first, first + std::fmod(to - from, kTwoPi)));
+  const double last = EndBehind(first, first + std::fmod(to - from, kTwoPi));
+  const EllipseAxes axes = MappedAxes(map, major, side);
+  if (!IsFinite(axes.first) || !IsFinite(axes.second)) {
+    values.Fail("a coordinate in millimetres is too large", line);
+    return;
+  }
+  result.curve = std::make_unique<EllipseCurve>(center, axes.first, axes.second, first - axes.shift,
+                                                last - axes.shift);
 }
 
 }  // namespace
 
 bool IsDxfCurve(std::string_view type) { return type == "ELLIPSE" || type == "SPLINE"; }
 
-DxfCurve ReadDxfCurve(DxfValues& values, double millimetresPerUnit) {
+DxfCurve ReadDxfCurve(DxfValues& values, double millimetresPerUnit, const PlaneMap& map) {
   DxfCurve result;
   const Extrusion extrusion = ReadExtrusion(values);
   if (extrusion == Extrusion::kTilted) {
     values.Fail("its extrusion is not along z", values.Record().line);
   }
   if (values.Record().type == "SPLINE") {
-    ReadSpline(values, millimetresPerUnit, result);
+    ReadSpline(values, millimetresPerUnit, map, result);
   } else {
-    ReadEllipse(values, millimetresPerUnit, extrusion == Extrusion::kDown, result);
+    ReadEllipse(values, millimetresPerUnit, map, extrusion == Extrusion::kDown, result);
   }
   return result;
 }

@@ -3,6 +3,7 @@
 
 #include "drawing/Curves.h"
 #include "drawing/DxfEntities.h"
+#include "drawing/PlaneMap.h"
 
 #include <memory>
 #include <string_view>
@@ -12,9 +13,9 @@ namespace drawing {
 
 /// What a record says of a curve.
 struct DxfCurve {
-  std::unique_ptr<Curve> curve;       ///< In millimetres; null where the record was refused.
+  std::unique_ptr<Curve> curve;       ///< In millimetres, mapped; null for refused records.
   std::vector<PlaneVector> vertices;  ///< Of a spline of degree 1, which is a row of lines.
-  double elevation = 0.0;             ///< The z farthest from 0, in drawing units.
+  HeightRange heights;                ///< Of its points.
   bool markedClosed = false;          ///< A spline says of itself that it is closed.
   bool equalParameters = false;       ///< An ellipse was taken as whole for want of a range.
 };
@@ -27,6 +28,10 @@ bool IsDxfCurve(std::string_view type);
 /// The coordinates of both are those of the drawing, whatever the extrusion: seen from below, an
 /// ELLIPSE only runs the other way round. A tilted extrusion is a failure. The fit points of a
 /// SPLINE count where it has no control points; then the curve is SplineThrough.
-DxfCurve ReadDxfCurve(DxfValues& values, double millimetresPerUnit);
+///
+/// The map leads from the coordinates of the record to those of the drawing, both in drawing units.
+/// Control points keep their weights; a spline through points is mapped as it runs through them
+/// unmapped.
+DxfCurve ReadDxfCurve(DxfValues& values, double millimetresPerUnit, const PlaneMap& map);
 
 }  // namespace drawing

@@ -1,5 +1,6 @@
 #include "drawing/DxfEntities.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -13,31 +14,12 @@ constexpr double kFlatSide = 1.0e-6;
 // Share of the z axis up to which the x and y of an extrusion are rounding errors.
 constexpr double kTilt = 1.0e-6;
 constexpr double kPi = 3.14159265358979323846;
+constexpr double kTwoPi = 2.0 * kPi;
 
 constexpr int kClosedFlag = 1;
 
-// Cosine and sine of an angle in degrees, exact at multiples of a right angle, so that arcs drawn
-// from 0 to 90 degrees end on the lines that they touch.
-DrawnPoint Direction(double degrees) {
-  const double turned = std::fmod(degrees, 360.0);
-  const double quarters = std::floor(turned / 90.0);
-  const double rest = turned - quarters * 90.0;
-  const double c = rest == 0.0 ? 1.0 : std::cos(rest * (kPi / 180.0));
-  const double s = rest == 0.0 ? 0.0 : std::sin(rest * (kPi / 180.0));
-  switch (static_cast<int>(quarters) & 3) {
-    case 0:
-      return {c, s};
-    case 1:
-      return {-s, c};
-    case 2:
-      return {-c, -s};
-    default:
-      return {s, -c};
-  }
-}
-
 DrawnPoint OnCircle(const DrawnPoint& center, double radius, double degrees) {
-  const DrawnPoint direction = Direction(degrees);
+  const PlaneVector direction = DirectionOf(degrees);
   return {center.x + radius * direction.x, center.y + radius * direction.y};
 }
 
@@ -57,14 +39,15 @@ void BuildLine(DxfValues& values, ElementBuilder& builder) {
   const DrawnPoint end{values.Required(11), values.Required(21)};
   const double startZ = values.Optional(30, 0.0);
   const double endZ = values.Optional(31, 0.0);
-  builder.elevation = std::fabs(startZ) > std::fabs(endZ) ? startZ : endZ;
+  builder.heights.Add(startZ);
+  builder.heights.Add(endZ);
   builder.rises = startZ != endZ;
   builder.AddLine(start, end);
 }
 
 void BuildCircleOrArc(DxfValues& values, ElementBuilder& builder) {
   const DrawnPoint center{values.Required(10), values.Required(20)};
-  builder.elevation = values.Optional(30, 0.0);
+  builder.heights.Add(values.Optional(30, 0.0));
   const double radius = values.Required(40);
   if (!(radius > 0.0)) values.Fail("its radius is not above 0", values.Record().line);
   if (values.Record().type == "CIRCLE") {
@@ -106,7 +89,7 @@ std::vector<PolylineVertex> LightVertices(DxfValues& values, ElementBuilder& bui
 
 void BuildLightPolyline(DxfValues& values, ElementBuilder& builder) {
   const int flags = values.Integer(70, 0);
-  builder.elevation = values.Optional(38, 0.0);
+  builder.heights.Add(values.Optional(38, 0.0));
   const std::vector<PolylineVertex> vertices = LightVertices(values, builder);
   if (HasCode(values.Record(), 90)) {
     const int stated = values.Integer(90, 0);
@@ -119,6 +102,24 @@ void BuildLightPolyline(DxfValues& values, ElementBuilder& builder) {
 }
 
 }  // namespace
+
+void HeightRange::Add(double z) {
+  low = empty ? z : std::min(low, z);
+  high = empty ? z : std::max(high, z);
+  empty = false;
+}
+
+void HeightRange::Add(const HeightRange& other) {
+  if (other.empty) return;
+  Add(other.low);
+  Add(other.high);
+}
+
+void HeightRange::SeeFromBelow() {
+  std::swap(low, high);
+  low = -low;
+  high = -high;
+}
 
 DxfValues::DxfValues(const DxfRecord& record) : record_(record) {}
 
@@ -193,20 +194,23 @@ std::size_t DxfValues::FailureLine() const { return failureLine_; }
 const std::string& DxfValues::DecimalComma() const { return decimalComma_; }
 std::size_t DxfValues::DecimalCommaLine() const { return decimalCommaLine_; }
 
-void ElementBuilder::Begin(double millimetresPerUnit, bool mirrored) {
+void ElementBuilder::Begin(double millimetresPerUnit, const PlaneMap& map) {
   elements.clear();
-  zeroLength = 0;
+  curves.clear();
+  zeroLength.clear();
   shortArcs = 0;
   flatSides = 0;
   nearCircles = 0;
   equalAngles = false;
-  elevation = 0.0;
+  heights = HeightRange();
   rises = false;
   hasWidth = false;
   remark.clear();
   failure.clear();
   factor_ = millimetresPerUnit;
-  mirrored_ = mirrored;
+  map_ = map;
+  keepsCircles_ = map.IsSimilarity();
+  stretch_ = map.LargestStretch() * millimetresPerUnit;
 }
 
 void ElementBuilder::Fail(std::string what) {
@@ -214,8 +218,9 @@ void ElementBuilder::Fail(std::string what) {
 }
 
 GX2DPoint ElementBuilder::Place(double x, double y) {
-  // 0.0 - x and not -x: a mirrored 0 stays without sign.
-  const GX2DPoint placed((mirrored_ ? 0.0 - x : x) * factor_, y * factor_);
+  // The sums of the map end with its origin, so a mirrored 0 stays without sign.
+  const PlaneVector mapped = map_.Place({x, y});
+  const GX2DPoint placed(mapped.x * factor_, mapped.y * factor_);
   if (!IsFinite(placed)) Fail("a coordinate in millimetres is too large");
   return placed;
 }
@@ -226,7 +231,7 @@ void ElementBuilder::Add(std::unique_ptr<GX2DElement> element) {
 
 void ElementBuilder::AddPlacedLine(const GX2DPoint& start, const GX2DPoint& end) {
   if (SamePlace(start, end)) {
-    ++zeroLength;
+    zeroLength.push_back(start);
     return;
   }
   Add(std::make_unique<GX2DLine>(start.X, start.Y, end.X, end.Y));
@@ -250,11 +255,32 @@ void ElementBuilder::AddWholeTurn(const GX2DPoint& center, const GX2DPoint& star
   Add(std::make_unique<GX2DArc>(center, start, mid, start));
 }
 
+// The arc from center + u over center + v, in drawing units; under an uneven map it is a part of an
+// ellipse.
+void ElementBuilder::AddMappedArc(const DrawnPoint& center, const PlaneVector& u,
+                                  const PlaneVector& v, double sweep) {
+  const GX2DPoint placed = Place(center.x, center.y);
+  const PlaneVector mappedU = map_.Direction({u.x * factor_, u.y * factor_});
+  const PlaneVector mappedV = map_.Direction({v.x * factor_, v.y * factor_});
+  const EllipseAxes axes = AxesOf(mappedU, mappedV);
+  if (!std::isfinite(axes.first.x + axes.first.y) ||
+      !std::isfinite(axes.second.x + axes.second.y)) {
+    Fail("a coordinate in millimetres is too large");
+  }
+  if (!failure.empty()) return;
+  curves.push_back(std::make_unique<EllipseCurve>(PlaneVector{placed.X, placed.Y}, axes.first,
+                                                  axes.second, -axes.shift, sweep - axes.shift));
+}
+
 void ElementBuilder::AddLine(const DrawnPoint& start, const DrawnPoint& end) {
   AddPlacedLine(Place(start.x, start.y), Place(end.x, end.y));
 }
 
 void ElementBuilder::AddCircle(const DrawnPoint& center, double radius) {
+  if (!keepsCircles_) {
+    AddMappedArc(center, {radius, 0.0}, {0.0, radius}, kTwoPi);
+    return;
+  }
   AddWholeTurn(Place(center.x, center.y), Place(center.x + radius, center.y),
                Place(center.x - radius, center.y));
 }
@@ -269,6 +295,12 @@ void ElementBuilder::AddArc(const DrawnPoint& center, double radius, double star
   if (endDegrees == startDegrees) equalAngles = true;
   if (!(sweep > 0.0)) sweep += 360.0;
   const double first = std::fmod(startDegrees, 360.0);
+  if (!keepsCircles_) {
+    const PlaneVector u = DirectionOf(first);
+    AddMappedArc(center, {radius * u.x, radius * u.y}, {-radius * u.y, radius * u.x},
+                 sweep == 360.0 ? kTwoPi : sweep * (kPi / 180.0));
+    return;
+  }
   const DrawnPoint start = OnCircle(center, radius, first);
   const DrawnPoint mid = OnCircle(center, radius, first + sweep / 2.0);
   const GX2DPoint placedStart = Place(start.x, start.y);
@@ -286,7 +318,7 @@ void ElementBuilder::AddSide(const DrawnPoint& start, const DrawnPoint& end, dou
   const double dx = end.x - start.x;
   const double dy = end.y - start.y;
   // The middle of a side stands bulge times half the chord to the right of its chord.
-  const double height = std::fabs(bulge) * 0.5 * std::hypot(dx, dy) * factor_;
+  const double height = std::fabs(bulge) * 0.5 * std::hypot(dx, dy) * stretch_;
   if (!(height > kFlatSide)) {
     if (bulge != 0.0 && (dx != 0.0 || dy != 0.0)) ++flatSides;
     AddLine(start, end);
@@ -296,6 +328,13 @@ void ElementBuilder::AddSide(const DrawnPoint& start, const DrawnPoint& end, dou
   const double toCenter = (1.0 / bulge - bulge) * 0.25;
   const double x = 0.5 * start.x + 0.5 * end.x;
   const double y = 0.5 * start.y + 0.5 * end.y;
+  if (!keepsCircles_) {
+    const DrawnPoint center{x - dy * toCenter, y + dx * toCenter};
+    const PlaneVector u{start.x - center.x, start.y - center.y};
+    const double side = bulge > 0.0 ? 1.0 : -1.0;
+    AddMappedArc(center, u, {-side * u.y, side * u.x}, 4.0 * std::atan(std::fabs(bulge)));
+    return;
+  }
   AddPlacedArc(Place(x - dy * toCenter, y + dx * toCenter), Place(start.x, start.y),
                Place(x + dy * bulge * 0.5, y - dx * bulge * 0.5), Place(end.x, end.y),
                std::fabs(bulge) > 1.0);

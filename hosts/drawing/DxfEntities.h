@@ -2,7 +2,9 @@
 // values.
 #pragma once
 
+#include "drawing/Curves.h"
 #include "drawing/DxfTokens.h"
+#include "drawing/PlaneMap.h"
 
 #include <KTRCL_Geometry/elements/GX2DElements.h>
 
@@ -18,6 +20,19 @@ namespace drawing {
 struct DrawnPoint {
   double x = 0.0;
   double y = 0.0;
+};
+
+/// The heights over z = 0 that an entity reaches, in drawing units.
+struct HeightRange {
+  bool empty = true;
+  double low = 0.0;
+  double high = 0.0;
+
+  void Add(double z);
+  void Add(const HeightRange& other);
+
+  /// Of an entity that is drawn as seen from below: its heights lead down.
+  void SeeFromBelow();
 };
 
 /// A vertex of a polyline with the bulge of the side behind it.
@@ -73,11 +88,15 @@ class DxfValues {
 /// Points of the library that lie within 0.0001 of each other are one. An arc so short that its
 /// ends or its middle and its end are one point would count as a full circle; it becomes a straight
 /// line.
+///
+/// Lines stay lines under any map. Circles, arcs and bulged sides stay what they are under a map
+/// that is a similarity, their centres, ends and middles being mapped; under any other they become
+/// parts of ellipses, which wait in `curves` to be replaced by lines and arcs.
 class ElementBuilder {
  public:
-  /// Forgets everything and begins with another entity. With `mirrored`, x is negated: the entity
-  /// is seen from below.
-  void Begin(double millimetresPerUnit, bool mirrored);
+  /// Forgets everything and begins with another entity. The map leads from its coordinates to those
+  /// of the drawing, both in drawing units.
+  void Begin(double millimetresPerUnit, const PlaneMap& map);
 
   void AddLine(const DrawnPoint& start, const DrawnPoint& end);
   void AddCircle(const DrawnPoint& center, double radius);
@@ -92,12 +111,13 @@ class ElementBuilder {
   void Fail(std::string what);
 
   std::vector<std::unique_ptr<GX2DElement>> elements;
-  std::size_t zeroLength = 0;   ///< Curves that were left out because their ends coincide.
-  std::size_t shortArcs = 0;    ///< Arcs that became lines because they are too short.
-  std::size_t flatSides = 0;    ///< Sides that became lines because their bulge is too small.
+  std::vector<std::unique_ptr<Curve>> curves;  ///< In millimetres.
+  std::vector<GX2DPoint> zeroLength;  ///< Places of what was left out because its ends coincide.
+  std::size_t shortArcs = 0;          ///< Arcs that became lines because they are too short.
+  std::size_t flatSides = 0;          ///< Sides that became lines because their bulge is too small.
   std::size_t nearCircles = 0;  ///< Arcs that count as circles because their ends are one point.
   bool equalAngles = false;     ///< An arc with equal angles was taken as a full circle.
-  double elevation = 0.0;       ///< A coordinate above or below z = 0, if there was one.
+  HeightRange heights;          ///< As given in the entity.
   bool rises = false;           ///< The ends of a line lie at different heights.
   bool hasWidth = false;        ///< A polyline had a width.
   std::string remark;           ///< Something odd that did not keep the geometry from use.
@@ -110,9 +130,13 @@ class ElementBuilder {
   void AddPlacedLine(const GX2DPoint& start, const GX2DPoint& end);
   void AddPlacedArc(const GX2DPoint& center, const GX2DPoint& start, const GX2DPoint& mid,
                     const GX2DPoint& end, bool overHalf);
+  void AddMappedArc(const DrawnPoint& center, const PlaneVector& u, const PlaneVector& v,
+                    double sweep);
 
   double factor_ = 1.0;
-  bool mirrored_ = false;
+  PlaneMap map_;
+  bool keepsCircles_ = true;
+  double stretch_ = 1.0;  // Of a length in drawing units, at most, into millimetres.
 };
 
 /// How an entity's own coordinate system lies.

@@ -1,7 +1,11 @@
 // Bytes into records, records into sections; what stands in the section of entities goes to the
-// reader of entities.
+// reader of entities, what is defined elsewhere is collected for it.
+//
+// One pass over the text is enough where all definitions stand in front of the first entity. Where
+// one comes later, what was found in the first pass serves a second one.
 #include "drawing/DxfReader.h"
 
+#include "drawing/DxfDefinitions.h"
 #include "drawing/DxfEntityReader.h"
 #include "drawing/DxfTokens.h"
 
@@ -27,35 +31,58 @@ constexpr std::array<std::string_view, 7> kSectionsWithoutEntities = {
     "HEADER", "CLASSES", "TABLES", "BLOCKS", "OBJECTS", "THUMBNAILIMAGE", "ACDSDATA"};
 
 // Where a record stands.
-enum class Place { kOutside, kEntities, kOtherSection, kLooseBlock };
+enum class Place { kOutside, kEntities, kTables, kBlocks, kOtherSection, kLooseBlock };
+
+// Contents of such blocks are those of a layout.
+bool IsOfPaperSpace(const DxfRecord& block) {
+  const std::string name = NameKey(DxfValues(block).Text(2));
+  return name.compare(0, 12, "*paper_space") == 0 || name.compare(0, 12, "$paper_space") == 0;
+}
+
+// Belongs to the entity in front of it.
+bool IsPartOfEntity(std::string_view type) {
+  return type == "VERTEX" || type == "SEQEND" || type == "ATTRIB";
+}
 
 // One pass over a text.
 class Reading {
  public:
-  // A unit that is given decides; without one the header's counts.
+  // A unit that is given decides; without one the header's counts. Definitions are collected into
+  // `definitions`, or taken from there as they are where they are complete.
   Reading(std::string_view bytes, const std::string& name, const ReadOptions& options,
-          const std::optional<Unit>& unit);
+          const std::optional<Unit>& unit, DxfDefinitions& definitions, bool complete);
 
   Drawing Run();
 
   // The unit, where it stood behind the first entity and so came too late for it.
   const std::optional<Unit>& LateUnit() const { return lateUnit_; }
 
+  // Something that entities may refer to was defined behind the first of them.
+  bool IsLate() const { return lateUnit_.has_value() || lateDefinitions_; }
+
  private:
   void Tell(Severity severity, std::size_t line, std::string what, std::string done);
   void TellPassedOver();
   void ReadRecord();
   void ReadOutsideRecord();
+  void ReadEntity();
+  void ReadBlockRecord();
+  bool Collects();
   void BeginSection();
   void EndSection();
   void ReadHeader();
+  void ReadVersion(const DxfGroup& group);
+  void ReadCodePage(const DxfGroup& group);
   void ReadUnit(const DxfGroup& group);
   void EndFile();
+  void TellDefinitions();
   void TellUnit();
 
   DxfRecordReader records_;
   DxfRecord record_;
   Drawing drawing_;
+  DxfDefinitions& definitions_;
+  bool complete_;
   DxfEntityReader entities_;
   Place place_ = Place::kOutside;
   bool sawEnd_ = false;
@@ -64,13 +91,21 @@ class Reading {
   bool unitIsUnreadable_ = false;
   std::size_t unitLine_ = 0;
   std::optional<Unit> lateUnit_;
+  bool lateDefinitions_ = false;
+  bool indexed_ = false;
+  bool inPaperSpaceBlock_ = false;
+  bool codePageIsRead_ = false;
   int outsideCount_ = 0;
   std::size_t outsideLine_ = 0;
 };
 
 Reading::Reading(std::string_view bytes, const std::string& name, const ReadOptions& options,
-                 const std::optional<Unit>& unit)
-    : records_(bytes), entities_(drawing_), unitIsGiven_(unit.has_value()) {
+                 const std::optional<Unit>& unit, DxfDefinitions& definitions, bool complete)
+    : records_(bytes),
+      definitions_(definitions),
+      complete_(complete),
+      entities_(drawing_, definitions, options),
+      unitIsGiven_(unit.has_value()) {
   drawing_.file = name;
   drawing_.curves.tolerance = options.curveTolerance;
   drawing_.unit.source = "no $INSUNITS, taken as millimetres";
@@ -115,34 +150,69 @@ void Reading::ReadRecord() {
     EndSection();
     TellPassedOver();
   } else if (place_ == Place::kEntities) {
-    entities_.Read(record_);
-  } else if (place_ == Place::kOtherSection) {
+    ReadEntity();
+  } else if (place_ == Place::kBlocks) {
+    ReadBlockRecord();
+  } else if (place_ == Place::kTables || place_ == Place::kOtherSection) {
+    if (place_ == Place::kTables && record_.type == "LAYER" && Collects()) {
+      definitions_.layers.Add(record_);
+    }
     TellPassedOver();
   } else {
     ReadOutsideRecord();
   }
 }
 
-// Files without sections are used as if all of it were entities; the contents of blocks are not.
+void Reading::ReadEntity() {
+  if (!indexed_) definitions_.Index();
+  indexed_ = true;
+  entities_.Read(record_);
+}
+
+// Whether a definition is to be taken over. One that comes behind entities is too late for them.
+bool Reading::Collects() {
+  if (indexed_ && !complete_) lateDefinitions_ = true;
+  return !complete_;
+}
+
+void Reading::ReadBlockRecord() {
+  if (record_.type == "BLOCK") {
+    if (Collects()) definitions_.blocks.Begin(record_);
+    inPaperSpaceBlock_ = IsOfPaperSpace(record_);
+  } else if (record_.type == "ENDBLK") {
+    if (!complete_) definitions_.blocks.End(record_);
+    inPaperSpaceBlock_ = false;
+  } else {
+    if (!complete_) definitions_.blocks.Add(record_);
+    if (inPaperSpaceBlock_ && !IsPartOfEntity(record_.type)) {
+      ++drawing_.paperSpaceByType[std::string(record_.type)];
+    }
+  }
+  TellPassedOver();
+}
+
+// Files without sections are used as if all of it were entities, what stands in blocks apart.
 void Reading::ReadOutsideRecord() {
   if (record_.type == "BLOCK") place_ = Place::kLooseBlock;
   if (place_ == Place::kLooseBlock) {
     if (record_.type == "ENDBLK") place_ = Place::kOutside;
-    TellPassedOver();
+    ReadBlockRecord();
     return;
   }
   if (outsideCount_ == 0) outsideLine_ = record_.line;
   ++outsideCount_;
-  entities_.Read(record_);
+  ReadEntity();
 }
 
 void Reading::EndSection() {
   entities_.EndSequence();
+  if (!complete_) definitions_.blocks.End(record_);
+  inPaperSpaceBlock_ = false;
   place_ = Place::kOutside;
 }
 
 void Reading::BeginSection() {
-  if (place_ == Place::kEntities || place_ == Place::kOtherSection) {
+  if (place_ != Place::kOutside && place_ != Place::kLooseBlock) {
     Tell(Severity::kWarning, record_.line, "a section begins within another",
          "the one before is taken as ended");
   }
@@ -158,6 +228,8 @@ void Reading::BeginSection() {
     place_ = Place::kEntities;
     return;
   }
+  if (name == "TABLES") place_ = Place::kTables;
+  if (name == "BLOCKS") place_ = Place::kBlocks;
   if (name == "HEADER") ReadHeader();
   const auto known =
       std::find(kSectionsWithoutEntities.begin(), kSectionsWithoutEntities.end(), name);
@@ -173,11 +245,22 @@ void Reading::ReadHeader() {
     if (record_.groups[i].code != 9) continue;
     const DxfGroup& value = record_.groups[i + 1];
     const std::string_view name = Trim(record_.groups[i].value);
-    if (name == "$ACADVER" && value.code == 1 && drawing_.version.empty()) {
-      drawing_.version = ReadableText(Trim(value.value));
-    }
+    if (name == "$ACADVER" && value.code == 1 && drawing_.version.empty()) ReadVersion(value);
+    if (name == "$DWGCODEPAGE" && value.code == 3 && !codePageIsRead_) ReadCodePage(value);
     if (name == "$INSUNITS" && value.code == 70) ReadUnit(value);
   }
+}
+
+void Reading::ReadVersion(const DxfGroup& group) {
+  drawing_.version = ReadableText(Trim(group.value));
+  if (Collects()) definitions_.texts.SetVersion(group.value);
+}
+
+void Reading::ReadCodePage(const DxfGroup& group) {
+  codePageIsRead_ = true;
+  if (complete_) return;
+  Collects();
+  if (!definitions_.texts.SetCodePage(group.value)) definitions_.unknownCodePage = group;
 }
 
 void Reading::ReadUnit(const DxfGroup& group) {
@@ -211,7 +294,8 @@ void Reading::ReadUnit(const DxfGroup& group) {
 void Reading::EndFile() {
   if (sawEnd_) {
     entities_.EndSequence();
-    if (place_ == Place::kEntities || place_ == Place::kOtherSection) {
+    if (!complete_) definitions_.blocks.End(record_);
+    if (place_ != Place::kOutside && place_ != Place::kLooseBlock) {
       Tell(Severity::kWarning, record_.line, "the last section is not ended",
            "the end of the file ends it");
     }
@@ -220,6 +304,7 @@ void Reading::EndFile() {
     }
   } else {
     entities_.EndCutOff();
+    if (!complete_) definitions_.blocks.EndCutOff();
     Tell(Severity::kError, 0, "the end mark EOF is missing, the file may be cut off",
          "what was read is used");
   }
@@ -229,11 +314,27 @@ void Reading::EndFile() {
          "read like entities");
   }
   TellUnit();
+  TellDefinitions();
   entities_.UseWaitingCurves();
   entities_.TellTallies();
   if (drawing_.elements.empty()) {
     Tell(Severity::kWarning, 0, "there is no element that can be used", "");
   }
+}
+
+void Reading::TellDefinitions() {
+  if (lateDefinitions_) return;
+  if (!indexed_) definitions_.Index();
+  for (Complaint& complaint : definitions_.blocks.Complaints()) {
+    complaint.file = drawing_.file;
+    drawing_.complaints.push_back(std::move(complaint));
+  }
+  const DxfGroup& page = definitions_.unknownCodePage;
+  if (page.line == 0 || definitions_.texts.IsUnicode()) return;
+  Tell(Severity::kNote, page.line,
+       "$DWGCODEPAGE \"" + ReadableText(Trim(page.value), kQuoteLimit) +
+           "\" is no code page that is known",
+       "names that are not UTF-8 are taken as Latin-1");
 }
 
 void Reading::TellUnit() {
@@ -285,10 +386,11 @@ Drawing ReadDrawingText(std::string_view bytes, const std::string& name,
   }
   if (bytes.size() > kLargestFile) return Refused(name, "it is larger than 256 MiB");
   if (IsBlankText(bytes)) return Refused(name, bytes.empty() ? "it is empty" : "it is blank");
-  Reading reading(bytes, name, options, std::nullopt);
+  DxfDefinitions definitions(bytes);
+  Reading reading(bytes, name, options, std::nullopt, definitions, false);
   Drawing drawing = reading.Run();
-  if (!reading.LateUnit()) return drawing;
-  Reading again(bytes, name, options, reading.LateUnit());
+  if (!reading.IsLate()) return drawing;
+  Reading again(bytes, name, options, reading.LateUnit(), definitions, true);
   return again.Run();
 }
 

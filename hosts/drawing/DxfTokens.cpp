@@ -160,6 +160,19 @@ DxfGroupReader::DxfGroupReader(std::string_view text)
   if (text_.find('\n') == std::string_view::npos) lineEnd_ = '\r';
 }
 
+DxfGroupReader::DxfGroupReader(std::string_view text, std::size_t line)
+    : text_(text),
+      lineEnd_(text.find('\n') == std::string_view::npos ? '\r' : '\n'),
+      position_{0, line},
+      lastValue_{0, line} {}
+
+bool DxfGroupReader::NextHead(DxfGroup& group) {
+  lastValue_ = position_;
+  group.code = 0;
+  group.line = position_.line;
+  return ReadLine(group.value);
+}
+
 bool DxfGroupReader::ReadLine(std::string_view& line) {
   if (position_.offset >= text_.size()) return false;
   const std::size_t found = text_.find(lineEnd_, position_.offset);
@@ -215,6 +228,10 @@ bool DxfGroupReader::Resynchronise(DxfGroup& group) {
 }
 
 DxfRecordReader::DxfRecordReader(std::string_view text) : groups_(text) {}
+
+DxfRecordReader::DxfRecordReader(std::string_view text, std::size_t line) : groups_(text, line) {
+  haveHead_ = groups_.NextHead(head_);
+}
 
 bool DxfRecordReader::Start(std::string& problem, std::size_t& problemLine) {
   problem.clear();

@@ -56,7 +56,15 @@ class DxfGroupReader {
 
   explicit DxfGroupReader(std::string_view text);
 
+  /// Reads a part of a text; `line` is the number of its first line.
+  DxfGroupReader(std::string_view text, std::size_t line);
+
   Result Next(DxfGroup& group);
+
+  /// Reads the next line as the value of a group 0.
+  ///
+  /// Returns: false when there is none.
+  bool NextHead(DxfGroup& group);
 
   /// Looks for the next line "0" that is followed by the name of a record, beginning with the value
   /// of the last pair that was read, and reads that pair. A pair of lines that has slipped by one
@@ -84,7 +92,7 @@ class DxfGroupReader {
 
 /// What begins with a group code 0 and reaches to the next one: an entity, a section's head, ...
 struct DxfRecord {
-  std::string_view type;
+  std::string_view type;         ///< A view into the text that is read.
   std::size_t line = 0;          ///< Of the type, counted from 1.
   std::vector<DxfGroup> groups;  ///< Without comments (group code 999).
   bool complete = false;         ///< False when the text ended before the next record began.
@@ -96,6 +104,10 @@ struct DxfRecord {
 class DxfRecordReader {
  public:
   explicit DxfRecordReader(std::string_view text);
+
+  /// Reads a part of a text that begins with the type of a record, at the line `line`. Start is not
+  /// called.
+  DxfRecordReader(std::string_view text, std::size_t line);
 
   /// Finds the first record.
   ///

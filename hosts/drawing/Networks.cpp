@@ -241,6 +241,12 @@ const char* NetworkKindName(NetworkKind kind) {
 }
 
 std::vector<Network> FindNetworks(const Drawing& drawing, double gap) {
+  std::vector<Network> networks = FindNetworksOnly(drawing, gap);
+  MeasureGaps(networks);
+  return networks;
+}
+
+std::vector<Network> FindNetworksOnly(const Drawing& drawing, double gap) {
   if (!(gap > 0.0)) gap = 0.0;
   const ElementEnds ends = CollectEnds(drawing);
   DisjointSets sets = JoinEnds(ends, gap);
@@ -249,7 +255,6 @@ std::vector<Network> FindNetworks(const Drawing& drawing, double gap) {
   const std::vector<std::size_t> networkOf = GroupElements(ends, nodes, networks);
   AddLooseEndsAndJunctions(ends, nodes, networkOf, networks);
   for (Network& network : networks) network.kind = KindOf(network);
-  MeasureGaps(networks);
   return networks;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -39,6 +40,20 @@ std::string ShortNumber(double value) {
   text.erase(text.find_last_not_of('0') + 1);
   if (text.back() == '.') text.pop_back();
   return text;
+}
+
+std::string RoundedUp(double value) {
+  constexpr double kStep = 10000.0;
+  constexpr double kNoise = 1e-10;
+  std::string text = ShortNumber(std::ceil((value - kNoise) * kStep) / kStep);
+  double printed = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), printed);
+  if (printed >= value - kNoise) return text;
+  // Beyond the range in which four digits behind the point mean anything.
+  char buffer[344];
+  const auto result =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+  return {buffer, result.ptr};
 }
 
 std::string PlaceText(const GX2DPoint& p) {

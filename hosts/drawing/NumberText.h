@@ -15,6 +15,11 @@ std::string FixedNumber(double value, int decimals);
 /// A number with at most four digits behind the point, none of them a trailing zero: "8", "12.5".
 std::string ShortNumber(double value);
 
+/// The same, rounded up but for the last 1e-10, which is what differences of coordinates are off
+/// by: "0.0301" for 0.03001. Healing grants that much to a gap, so that a gap told in this way,
+/// given back to the program, closes what is no farther apart than `value`.
+std::string RoundedUp(double value);
+
 /// "(12.5, 30)": a place in the plane, by ShortNumber.
 std::string PlaceText(const GX2DPoint& p);
 

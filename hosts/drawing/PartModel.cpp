@@ -158,6 +158,13 @@ std::vector<const Contour*> Outermost(const std::vector<const Contour*>& contour
   return outermost;
 }
 
+// The contours of one part, the outer one first.
+std::vector<const Contour*> ContoursOf(const PartModel& part, const DrawingPart& chosen) {
+  std::vector<const Contour*> contours = {part.contours[chosen.outer].get()};
+  for (const std::size_t cutOut : chosen.cutOuts) contours.push_back(part.contours[cutOut].get());
+  return contours;
+}
+
 std::string NameOf(const PartModel& part, const Contour& contour) {
   const DrawnElement& drawn = part.drawing.elements[contour.origins.front()];
   const Box& box = contour.box;
@@ -170,7 +177,8 @@ std::string NameOf(const PartModel& part, const Contour& contour) {
 }
 
 std::string SeveralOuterText(const PartModel& part, const std::vector<const Contour*>& outermost) {
-  std::string text = "several contours that no other one holds: ";
+  std::string text = "the drawing holds " + CountText(part.parts.size(), "part") +
+                     ", of which --part chooses one; several contours that no other one holds: ";
   const std::size_t named = std::min(outermost.size(), kNamedContours);
   for (std::size_t i = 0; i < named; ++i) {
     text += (i == 0 ? "" : "; ") + NameOf(part, *outermost[i]);
@@ -213,9 +221,10 @@ std::unique_ptr<ShapedContour> ShapeContour(const Contour& contour) {
   return shaped;
 }
 
-PartModel BuildPart(Drawing drawing) {
+PartModel BuildPart(Drawing drawing, std::size_t number) {
   PartModel part;
   part.drawing = std::move(drawing);
+  part.number = number;
   if (!part.drawing.usable) {
     part.obstacle = part.drawing.refusal;
     return part;
@@ -223,17 +232,26 @@ PartModel BuildPart(Drawing drawing) {
   part.networks = FindNetworks(part.drawing);
   part.contours = BuildContours(part.drawing, part.networks);
   part.crossings = NestContours(part.contours);
-  const std::vector<const Contour*> contours = UsableContours(part);
+  part.parts = FindParts(part.contours);
+  std::vector<const Contour*> contours = UsableContours(part);
   if (contours.empty()) {
     part.obstacle = NoContourText(part);
     return part;
   }
   const std::vector<const Contour*> outermost = Outermost(contours);
-  if (outermost.size() > 1) {
+  const Contour* outer = outermost.front();
+  if (number > part.parts.size()) {
+    part.obstacle = "the drawing holds " + CountText(part.parts.size(), "part");
+    return part;
+  }
+  if (number != kWholeDrawing) {
+    contours = ContoursOf(part, part.parts[number - 1]);
+    outer = contours.front();
+  } else if (outermost.size() > 1) {
     part.obstacle = SeveralOuterText(part, outermost);
     return part;
   }
-  ShapeContours(part, contours, *outermost.front());
+  ShapeContours(part, contours, *outer);
   part.usable = true;
   return part;
 }

@@ -34,14 +34,22 @@ std::string DeepText(const PartModel& part) {
   return text.empty() ? text : text + ")";
 }
 
-std::string PartLine(const char* name, const PartModel& part) {
+// "part 2 of 5, " where one was chosen.
+std::string ChoiceText(const PartModel& part) {
+  if (part.number == kWholeDrawing) return "";
+  return "part " + std::to_string(part.number) + " of " + std::to_string(part.parts.size()) + ", ";
+}
+
+std::string PartLine(const char* name, const PartModel& part, const HealingSummary& healing) {
   const Drawing& drawing = part.drawing;
-  std::string text = std::string(name) + "  " + drawing.file + ": outer contour of " +
-                     std::to_string(part.outer->elements.size()) + " elements, perimeter " +
-                     Millimetres(part.outer->source->perimeter) + ", surface " +
-                     Millimetres(part.outer->source->surface) + ", " +
+  std::string text = std::string(name) + "  " + drawing.file + ": " + ChoiceText(part) +
+                     "outer contour of " + std::to_string(part.outer->elements.size()) +
+                     " elements, perimeter " + Millimetres(part.outer->source->perimeter) +
+                     ", surface " + Millimetres(part.outer->source->surface) + ", " +
                      std::to_string(part.cutOuts.size()) + " cut-outs" + DeepText(part) +
                      ", unit " + drawing.unit.name + " (" + drawing.unit.source + ")\n";
+  const std::string healed = HealingSummaryText(healing);
+  if (!healed.empty()) text += "   healed: " + healed + "\n";
   for (const auto& contour : part.contours) {
     if (!contour->usable) text += "   left out: " + contour->obstacle + "\n";
   }
@@ -126,6 +134,28 @@ std::string PartnersText(const PartModel& a, const PartModel& b, const Compariso
   return text;
 }
 
+std::string OwnVerdictText(const GeometricVerdict& own) {
+  return std::string(own.same ? "same" : "different") + ", " + PlacementText(own);
+}
+
+std::string MirrorImageText(const Judgement& judgement) {
+  if (judgement.mirrorImage == nullptr) return "";
+  const DoubleVerdict& image = *judgement.mirrorImage;
+  std::string text = "Mirror image: " + image.comparison.verdict + "\n";
+  text += "Mirror image by places alone: " + OwnVerdictText(image.own) + "\n";
+  if (!image.disagreement.empty()) text += "The two disagree: " + image.disagreement + "\n";
+  return text;
+}
+
+std::string VerdictsText(const Judgement& judgement) {
+  const DoubleVerdict& verdict = judgement.verdict;
+  std::string text = verdict.comparison.verdict + "\n";
+  text += "Decided by: " + std::string(StepName(verdict.comparison.step)) + "\n";
+  text += "By places alone: " + OwnVerdictText(verdict.own) + "\n";
+  if (!verdict.disagreement.empty()) text += "The two disagree: " + verdict.disagreement + "\n";
+  return text + MirrorImageText(judgement);
+}
+
 nlohmann::json FigureJson(const Figure& figure) {
   return {{"name", figure.name},    {"a", figure.a},
           {"b", figure.b},          {"difference", figure.difference},
@@ -151,31 +181,45 @@ nlohmann::json PartnerJson(const Partner& partner) {
   return json;
 }
 
-}  // namespace
-
-std::string ComparisonText(const PartModel& a, const PartModel& b, const Comparison& comparison,
-                           bool positions) {
-  std::string text = comparison.verdict + "\n";
-  text += "Decided by: " + std::string(StepName(comparison.step)) + "\n\n";
-  text += PartLine("A", a) + PartLine("B", b) + "\n";
-  text += FiguresText(comparison);
-  text += StartsText(comparison);
-  text += GroupsText(comparison);
-  if (positions && !comparison.starts.empty()) text += PartnersText(a, b, comparison);
-  if (!comparison.trace.empty()) {
-    text += "The library's words\n";
-    for (const std::string& line : comparison.trace) text += "  " + line + "\n";
-  }
-  return text;
+nlohmann::json IndexJson(std::size_t cutOut) {
+  return cutOut == kNoCutOut ? nlohmann::json() : nlohmann::json(cutOut);
 }
 
-nlohmann::json ComparisonJson(const PartModel& a, const PartModel& b,
-                              const Comparison& comparison) {
+nlohmann::json OwnVerdictJson(const DoubleVerdict& verdict) {
+  const GeometricVerdict& own = verdict.own;
+  const RigidMotion& motion = own.placement.motion;
+  nlohmann::json cutOuts = nlohmann::json::array();
+  for (const ContourDeviation& cutOut : own.cutOuts) {
+    cutOuts.push_back({{"a", IndexJson(cutOut.a)},
+                       {"b", IndexJson(cutOut.b)},
+                       {"deviation", cutOut.deviation},
+                       {"place", {cutOut.place.X, cutOut.place.Y}}});
+  }
+  return {{"same", own.same},
+          {"mirrored", own.placement.mirrored},
+          {"turnDegrees", motion.AngleDegrees()},
+          {"shift", {motion.shiftX, motion.shiftY}},
+          {"outerDeviation", own.outerDeviation},
+          {"outerPlace", {own.outerPlace.X, own.outerPlace.Y}},
+          {"largestDeviation", own.largestDeviation},
+          {"cutOuts", cutOuts},
+          {"disagreement", verdict.disagreement}};
+}
+
+nlohmann::json PartJson(const PartModel& part, const HealingSummary& healing) {
+  nlohmann::json json = InfoJson(part);
+  json["healing"] = HealingSummaryJson(healing);
+  json["part"]["number"] =
+      part.number == kWholeDrawing ? nlohmann::json() : nlohmann::json(part.number);
+  json["part"]["of"] = part.parts.size();
+  return json;
+}
+
+// What the library's comparison found.
+nlohmann::json FoundJson(const Comparison& comparison) {
   nlohmann::json json = {{"same", comparison.same},
                          {"verdict", comparison.verdict},
                          {"step", StepName(comparison.step)},
-                         {"a", InfoJson(a)},
-                         {"b", InfoJson(b)},
                          {"sense", SenseText(comparison.sense)},
                          {"referencePosition", comparison.referencePosition},
                          {"libraryStructureEqual", comparison.libraryStructureEqual},
@@ -193,6 +237,43 @@ nlohmann::json ComparisonJson(const PartModel& a, const PartModel& b,
   for (const Partner& partner : comparison.partners) {
     json["partners"].push_back(PartnerJson(partner));
   }
+  return json;
+}
+
+}  // namespace
+
+std::string ComparisonText(const ComparisonTold& told, bool positions) {
+  const PartModel& a = told.a;
+  const PartModel& b = told.judgement.Compared(told.b);
+  const Comparison& comparison = told.judgement.verdict.comparison;
+  std::string text = VerdictsText(told.judgement) + "\n";
+  text += PartLine("A", a, told.healingA) + PartLine("B", b, told.healingB);
+  if (told.judgement.mirrored) text += "   turned over: x is negated in all places of B below\n";
+  text += "\n";
+  text += FiguresText(comparison);
+  text += StartsText(comparison);
+  text += GroupsText(comparison);
+  if (positions && !comparison.starts.empty()) text += PartnersText(a, b, comparison);
+  if (!comparison.trace.empty()) {
+    text += "The library's words\n";
+    for (const std::string& line : comparison.trace) text += "  " + line + "\n";
+  }
+  return text;
+}
+
+nlohmann::json ComparisonJson(const ComparisonTold& told) {
+  const Judgement& judgement = told.judgement;
+  nlohmann::json json = FoundJson(judgement.verdict.comparison);
+  json["mirrored"] = judgement.mirrored;
+  json["own"] = OwnVerdictJson(judgement.verdict);
+  json["a"] = PartJson(told.a, told.healingA);
+  json["b"] = PartJson(judgement.Compared(told.b), told.healingB);
+  if (judgement.mirrorImage == nullptr) return json;
+  const DoubleVerdict& image = *judgement.mirrorImage;
+  json["mirrorImage"] = {{"same", image.comparison.same},
+                         {"verdict", image.comparison.verdict},
+                         {"step", StepName(image.comparison.step)},
+                         {"own", OwnVerdictJson(image)}};
   return json;
 }
 

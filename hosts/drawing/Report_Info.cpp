@@ -159,9 +159,17 @@ std::string InfoText(const PartModel& part) {
   head.Row({"unit", UnitText(drawing.unit)});
   head.Row({"version", drawing.version.empty() ? "not stated" : drawing.version});
   head.Row({"entities", CountsText(drawing.entitiesByType)});
+  if (drawing.expandedInserts > 0) {
+    head.Row({"out of blocks",
+              CountsText(drawing.blockEntitiesByType) + " by " +
+                  CountText(static_cast<std::size_t>(drawing.expandedInserts), "INSERT")});
+  }
   head.Row({"layers", CountsText(drawing.entitiesByLayer)});
   if (!drawing.unusedByType.empty()) head.Row({"not usable yet", CountsText(drawing.unusedByType)});
   if (!drawing.refusedByType.empty()) head.Row({"refused", CountsText(drawing.refusedByType)});
+  if (!drawing.hiddenByLayer.empty()) {
+    head.Row({"off or frozen", CountsText(drawing.hiddenByLayer)});
+  }
   if (!drawing.paperSpaceByType.empty()) {
     head.Row({"paper space", CountsText(drawing.paperSpaceByType)});
   }
@@ -190,9 +198,12 @@ nlohmann::json InfoJson(const PartModel& part) {
                   {"assumed", drawing.unit.assumed}};
   json["version"] = drawing.version;
   json["entities"] = drawing.entitiesByType;
+  json["blockEntities"] = drawing.blockEntitiesByType;
+  json["expandedInserts"] = drawing.expandedInserts;
   json["layers"] = drawing.entitiesByLayer;
   json["notUsableYet"] = drawing.unusedByType;
   json["refused"] = drawing.refusedByType;
+  json["hiddenByLayer"] = drawing.hiddenByLayer;
   json["paperSpace"] = drawing.paperSpaceByType;
   json["curves"] = {{"count", drawing.curves.curves},
                     {"circles", drawing.curves.circles},

@@ -1,8 +1,8 @@
-// Both parts share one scale. Drawing coordinates have y upward, the picture has it downward, so a
-// counter-clockwise arc has the sweep flag 0.
+// Both parts share one scale.
 #include "drawing/SvgPicture.h"
 
 #include "drawing/ComparisonMarks.h"
+#include "drawing/SvgScene.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,23 +16,6 @@ constexpr double kPanelHeight = 440.0;
 constexpr double kMargin = 30.0;
 constexpr double kTop = 100.0;
 constexpr double kBottom = 60.0;
-constexpr double kPi = 3.141592653589793;
-
-// Places one part in its panel.
-struct Frame {
-  double left = 0.0;
-  double top = 0.0;
-  double scale = 1.0;
-  double minX = 0.0;
-  double maxY = 0.0;
-
-  std::string At(const GX2DPoint& p) const {
-    char text[100];
-    std::snprintf(text, sizeof text, "%.3f %.3f", left + (p.X - minX) * scale,
-                  top + (maxY - p.Y) * scale);
-    return text;
-  }
-};
 
 std::string Escaped(const std::string& text) {
   std::string result;
@@ -83,34 +66,10 @@ std::string Title(const std::string& verdict) {
   return text;
 }
 
-std::string ArcTo(const Frame& frame, double radius, bool large, bool clockwise,
-                  const GX2DPoint& end) {
-  char text[100];
-  std::snprintf(text, sizeof text, "A %.3f %.3f 0 %d %d ", radius * frame.scale,
-                radius * frame.scale, large ? 1 : 0, clockwise ? 1 : 0);
-  return text + frame.At(end) + " ";
-}
-
-// The way from an element's start to its end; the start itself is where the pen stands.
-std::string StrokeTo(const Frame& frame, GX2DElement& element) {
-  const auto* arc = dynamic_cast<const GX2DArc*>(&element);
-  if (arc == nullptr) return "L " + frame.At(element.GetEndPoint()) + " ";
-  const double radius = arc->Radius();
-  const bool clockwise = arc->IsClockwise();
-  if (arc->IsCircle()) {
-    const GX2DPoint opposite(2.0 * arc->Center.X - arc->Start.X,
-                             2.0 * arc->Center.Y - arc->Start.Y);
-    return ArcTo(frame, radius, false, clockwise, opposite) +
-           ArcTo(frame, radius, false, clockwise, arc->Start);
-  }
-  const bool large = GXGeometry::GetArcAngleRad(GX3DArc(*arc, 2)) > kPi;
-  return ArcTo(frame, radius, large, clockwise, arc->End);
-}
-
-std::string PathOf(const Frame& frame, const GX2DElmList& elements) {
+std::string PathOf(const SvgPlacing& frame, const GX2DElmList& elements) {
   if (elements.empty()) return "";
   std::string path = "M " + frame.At(elements.front()->GetStartPoint()) + " ";
-  for (GX2DElement* element : elements) path += StrokeTo(frame, *element);
+  for (GX2DElement* element : elements) path += SvgStrokeTo(frame, *element);
   return path + "Z ";
 }
 
@@ -119,7 +78,7 @@ std::string Stroke(const std::string& path, bool differs) {
          "\"/>\n";
 }
 
-std::string Dot(const Frame& frame, const GX2DPoint& p, bool filled) {
+std::string Dot(const SvgPlacing& frame, const GX2DPoint& p, bool filled) {
   const std::string at = frame.At(p);
   const std::size_t blank = at.find(' ');
   return "<circle class=\"" + std::string(filled ? "start" : "other-start") + "\" cx=\"" +
@@ -133,7 +92,7 @@ const GX2DPoint& StartOf(const PartModel& part, int position, bool walkedBackwar
   return walkedBackward ? element.GetEndPoint() : element.GetStartPoint();
 }
 
-std::string StartDots(const Frame& frame, const PartModel& part, const Comparison& comparison,
+std::string StartDots(const SvgPlacing& frame, const PartModel& part, const Comparison& comparison,
                       bool reference) {
   if (comparison.starts.empty()) return Dot(frame, StartOf(part, 0, false), true);
   if (reference) {
@@ -149,7 +108,7 @@ std::string StartDots(const Frame& frame, const PartModel& part, const Compariso
   return dots + Dot(frame, StartOf(part, best, backward), true);
 }
 
-std::string PartPicture(const Frame& frame, const PartModel& part, const Marks& marks) {
+std::string PartPicture(const SvgPlacing& frame, const PartModel& part, const Marks& marks) {
   std::string sheet = PathOf(frame, part.outer->elements);
   for (const auto& cutOut : part.cutOuts) sheet += PathOf(frame, cutOut->elements);
   std::string text = "<path class=\"sheet\" d=\"" + sheet + "\"/>\n";
@@ -158,7 +117,7 @@ std::string PartPicture(const Frame& frame, const PartModel& part, const Marks& 
   } else {
     for (std::size_t i = 0; i < part.outer->elements.size(); ++i) {
       GX2DElement& element = *part.outer->elements[i];
-      text += Stroke("M " + frame.At(element.GetStartPoint()) + " " + StrokeTo(frame, element),
+      text += Stroke("M " + frame.At(element.GetStartPoint()) + " " + SvgStrokeTo(frame, element),
                      marks.segments[i]);
     }
   }
@@ -180,9 +139,10 @@ double Scale(const PartModel& a, const PartModel& b) {
   return scale;
 }
 
-Frame PanelFrame(const PartModel& part, double panelLeft, double scale) {
+SvgPlacing PanelFrame(const PartModel& part, double panelLeft, double scale) {
   const Box& box = part.outer->source->box;
-  Frame frame;
+  SvgPlacing frame;
+  frame.fixedDecimals = true;
   frame.scale = scale;
   frame.minX = box.minX;
   frame.maxY = box.maxY;
@@ -236,8 +196,8 @@ std::string ComparisonSvg(const PartModel& a, const PartModel& b, const Comparis
   Marks marksB;
   MarkDifferences(a, b, comparison, marksA, marksB);
   const double scale = Scale(a, b);
-  const Frame frameA = PanelFrame(a, 0.0, scale);
-  const Frame frameB = PanelFrame(b, kPanelWidth, scale);
+  const SvgPlacing frameA = PanelFrame(a, 0.0, scale);
+  const SvgPlacing frameB = PanelFrame(b, kPanelWidth, scale);
   std::string text = Head();
   text += Title(comparison.verdict);
   text += Text(0.5 * kPanelWidth, 90.0, "name", "A  " + a.drawing.file);

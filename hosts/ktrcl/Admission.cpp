@@ -4,15 +4,19 @@
 
 namespace ktrcl {
 
-bool Admit(const drawing::PartModel& part, const char* result) {
-  for (const drawing::Complaint& complaint : part.drawing.complaints) {
+void TellComplaints(const drawing::Drawing& drawing, const char* result) {
+  for (const drawing::Complaint& complaint : drawing.complaints) {
     if (complaint.severity == drawing::Severity::kNote) continue;
     std::cerr << drawing::ToLine(complaint) << "\n";
   }
-  for (const auto& [type, count] : part.drawing.unusedByType) {
-    std::cerr << part.drawing.file << ": warning: " << count << " " << type
+  for (const auto& [type, count] : drawing.unusedByType) {
+    std::cerr << drawing.file << ": warning: " << count << " " << type
               << " cannot be used yet; the " << result << " knows nothing of them\n";
   }
+}
+
+bool Admit(const drawing::PartModel& part, const char* result) {
+  TellComplaints(part.drawing, result);
   if (!part.usable) {
     std::cerr << "ktrcl: " << part.drawing.file << ": " << part.obstacle << "\n";
   }

@@ -6,7 +6,10 @@
 namespace ktrcl {
 
 /// Prints what a person has to know before trusting the `result` that follows ("verdict"):
-/// warnings, errors, entities that cannot be used, and why there is no part.
+/// warnings, errors, and entities that cannot be used.
+void TellComplaints(const drawing::Drawing& drawing, const char* result);
+
+/// Prints the complaints, and why there is no part.
 ///
 /// Returns: whether there is a part.
 bool Admit(const drawing::PartModel& part, const char* result);

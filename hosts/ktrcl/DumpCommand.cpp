@@ -11,9 +11,9 @@
 namespace ktrcl {
 
 int RunDump(const DumpRequest& request) {
-  drawing::ReadOptions reading;
-  reading.curveTolerance = request.curve;
-  const drawing::PartModel part = drawing::BuildPart(drawing::ReadDrawing(request.file, reading));
+  const drawing::ReadOptions reading = ToReadOptions(request.reading);
+  const drawing::PartModel part =
+      drawing::BuildPart(drawing::ReadDrawing(request.file, reading), request.part);
   if (!Admit(part, "dump")) return kUnusable;
   drawing::TreeParagraph root("dump");
   const drawing::TreeParagraph& dump = drawing::DumpPart(part, root);

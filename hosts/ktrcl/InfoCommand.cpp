@@ -3,6 +3,7 @@
 #include "drawing/DxfReader.h"
 #include "drawing/PartModel.h"
 #include "drawing/Report.h"
+#include "ktrcl/ProgressBar.h"
 
 #include <cstdio>
 #include <iostream>
@@ -12,10 +13,12 @@ namespace ktrcl {
 int RunInfo(const InfoRequest& request) {
   int status = kSame;
   nlohmann::json all = nlohmann::json::array();
-  drawing::ReadOptions options;
-  options.curveTolerance = request.curve;
+  const drawing::ReadOptions options = ToReadOptions(request.reading);
+  ProgressBar progress(request.files.size(), "info");
   for (const std::string& file : request.files) {
+    progress.Advance(file);
     const drawing::PartModel part = drawing::BuildPart(drawing::ReadDrawing(file, options));
+    progress.Clear();
     if (request.json) {
       all.push_back(drawing::InfoJson(part));
     } else if (part.drawing.usable) {

@@ -47,7 +47,9 @@ int main(int argc, char** argv) {
   std::printf("unit %.17g\ndeviation %.17g\nrefused %d\n", drawing.unit.millimetresPerUnit,
               drawing.curves.largestDeviation, CountRefused(drawing));
   for (const drawing::DrawnElement& drawn : drawing.elements) {
-    if (!IsCurve(drawing.entities[drawn.entity].type)) continue;
+    const drawing::DrawnEntity& entity = drawing.entities[drawn.entity];
+    // What comes out of blocks is compared elsewhere.
+    if (!IsCurve(entity.type) || !entity.block.empty()) continue;
     const int steps = Steps(*drawn.element, options.curveTolerance);
     std::printf("element");
     for (int i = 0; i <= steps; ++i) {

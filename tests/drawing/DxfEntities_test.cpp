@@ -279,14 +279,14 @@ TEST(Coordinates, AreConvertedToMillimetres) {
 
 TEST(ElementBuilder, ForgetsTheEntityBefore) {
   ElementBuilder builder;
-  builder.Begin(1.0, false);
+  builder.Begin(1.0, PlaneMap());
   builder.AddLine({0, 0}, {0, 0});
   builder.AddLine({0, 0}, {1, 0});
   builder.Fail("something");
-  EXPECT_EQ(builder.zeroLength, 1u);
+  EXPECT_EQ(builder.zeroLength.size(), 1u);
   EXPECT_EQ(builder.elements.size(), 1u);
-  builder.Begin(2.0, true);
-  EXPECT_EQ(builder.zeroLength, 0u);
+  builder.Begin(2.0, SeenFromBelow());
+  EXPECT_EQ(builder.zeroLength.size(), 0u);
   EXPECT_TRUE(builder.elements.empty());
   EXPECT_TRUE(builder.failure.empty());
   builder.AddLine({0, 0}, {1, 1});

@@ -64,8 +64,8 @@ TEST(Entities, AreCountedByTypeAndLayer) {
   EXPECT_EQ(drawing.entitiesByType,
             (std::map<std::string, int>{{"INSERT", 1}, {"LINE", 2}, {"TEXT", 1}}));
   EXPECT_EQ(drawing.entitiesByLayer, (std::map<std::string, int>{{"a", 2}, {"b", 2}}));
-  EXPECT_EQ(drawing.unusedByType, (std::map<std::string, int>{{"INSERT", 1}, {"TEXT", 1}}));
-  EXPECT_TRUE(drawing.refusedByType.empty());
+  EXPECT_EQ(drawing.unusedByType, (std::map<std::string, int>{{"TEXT", 1}}));
+  EXPECT_EQ(drawing.refusedByType, (std::map<std::string, int>{{"INSERT", 1}}));
 }
 
 TEST(Entities, OfPaperSpaceAreCountedApart) {
@@ -74,7 +74,32 @@ TEST(Entities, OfPaperSpaceAreCountedApart) {
   EXPECT_EQ(drawing.elements.size(), 1u);
   EXPECT_EQ(drawing.entitiesByType, (std::map<std::string, int>{{"LINE", 1}}));
   EXPECT_EQ(drawing.paperSpaceByType, (std::map<std::string, int>{{"LINE", 1}, {"POLYLINE", 1}}));
+  ASSERT_EQ(drawing.complaints.size(), 1u);
+  EXPECT_EQ(ToLine(drawing.complaints[0]),
+            "test.dxf:20: note: 2 entities in the paper space: LINE 1, POLYLINE 1; left out");
+}
+
+TEST(Entities, OfPaperSpaceThatAreOnlyViewportsAreNotToldOf) {
+  const Drawing drawing = Read(std::string("0 VIEWPORT 67 1 10 0 20 0") + kGoodLine);
+  EXPECT_EQ(drawing.paperSpaceByType, (std::map<std::string, int>{{"VIEWPORT", 1}}));
   EXPECT_TRUE(drawing.complaints.empty());
+}
+
+TEST(Entities, OfLengthZeroAreRememberedWithTheirPlaces) {
+  const Drawing drawing = Read(
+      "0 LINE 5 A 10 3 20 4 11 3 21 4 "
+      "0 LWPOLYLINE 5 B 90 4 10 0 20 0 10 5 20 0 10 5 20 0 10 5 20 0");
+  ASSERT_EQ(drawing.zeroLength.size(), 3u);
+  EXPECT_EQ(drawing.zeroLength[0].entity.handle, "A");
+  EXPECT_EQ(drawing.zeroLength[0].place.X, 3.0);
+  EXPECT_EQ(drawing.zeroLength[0].place.Y, 4.0);
+  // One for each side of the polyline, whose first side is used.
+  for (const std::size_t i : {1, 2}) {
+    EXPECT_EQ(drawing.zeroLength[i].entity.handle, "B");
+    EXPECT_EQ(drawing.zeroLength[i].place.X, 5.0);
+    EXPECT_EQ(drawing.zeroLength[i].place.Y, 0.0);
+  }
+  EXPECT_EQ(drawing.refusedByType, (std::map<std::string, int>{{"LINE", 1}}));
 }
 
 TEST(Entities, WithTextsForNumbersAreRefused) {

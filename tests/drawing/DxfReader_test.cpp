@@ -281,12 +281,19 @@ TEST(Complaints, StandInTheOrderOfTheirLines) {
 // ---- robustness
 
 std::string SampleText() {
-  return support::Dxf(
+  return support::Lines(
+      "0 SECTION 2 HEADER 9 $ACADVER 1 AC1015 9 $DWGCODEPAGE 3 ANSI_936 9 $INSUNITS 70 4 0 ENDSEC "
+      "0 SECTION 2 TABLES 0 TABLE 2 LAYER 0 LAYER 2 off 70 0 62 -7 0 LAYER 2 ice 70 1 0 ENDTAB "
+      "0 ENDSEC 0 SECTION 2 BLOCKS 0 BLOCK 2 X 10 1 20 0 0 LINE 8 0 10 0 20 0 11 1 21 0 "
+      "0 CIRCLE 10 0 20 0 40 1 0 INSERT 2 Y 10 0 20 0 0 ENDBLK 0 BLOCK 2 Y 0 LINE 10 0 20 0 11 2 "
+      "21 0 0 INSERT 2 X 10 0 20 0 0 ENDBLK 0 ENDSEC 0 SECTION 2 ENTITIES "
+      "0 INSERT 2 X 10 5 20 5 41 2 42 -2 50 30 70 2 44 3 0 INSERT 8 ice 2 X 10 0 20 0 "
+      "0 INSERT 8 off 2 X 10 0 20 0 0 LINE 8 off 10 0 20 0 11 1 21 0 "
       "0 LINE 5 1 8 cut 10 0 20 0 11 9 21 0 0 ARC 5 2 10 1,5 20 0 40 2 50 0 51 90 "
       "0 CIRCLE 10 1 20 1 30 2 40 .5 230 -1 0 LWPOLYLINE 90 3 70 1 10 0 20 0 42 1 10 4 20 0 10 4 "
       "20 2 "
       "0 POLYLINE 66 1 70 1 0 VERTEX 10 0 20 0 42 1 0 VERTEX 10 4 20 0 0 SEQEND 0 TEXT 1 x "
-      "0 INSERT 66 1 2 X 0 ATTRIB 1 a 0 SEQEND 0 LINE 67 1 10 0 20 0 11 1 21 1");
+      "0 INSERT 66 1 2 X 0 ATTRIB 1 a 0 SEQEND 0 LINE 67 1 10 0 20 0 11 1 21 1 0 ENDSEC 0 EOF");
 }
 
 // Whatever the text: every entity is accounted for, and no coordinate is other than finite.
@@ -294,8 +301,13 @@ void ExpectSound(const Drawing& drawing) {
   EXPECT_EQ(drawing.usable, drawing.refusal.empty());
   std::size_t counted = 0;
   std::size_t accounted = drawing.entities.size();
+  accounted += static_cast<std::size_t>(drawing.expandedInserts);
   for (const auto& entry : drawing.entitiesByType)
     counted += static_cast<std::size_t>(entry.second);
+  for (const auto& entry : drawing.blockEntitiesByType)
+    counted += static_cast<std::size_t>(entry.second);
+  for (const auto& entry : drawing.hiddenByLayer)
+    accounted += static_cast<std::size_t>(entry.second);
   for (const auto& entry : drawing.unusedByType)
     accounted += static_cast<std::size_t>(entry.second);
   for (const auto& entry : drawing.refusedByType)
@@ -314,7 +326,8 @@ void ExpectSound(const Drawing& drawing) {
 TEST(ReadDrawingText, IsSafeWithAFileCutOffAtAnyByte) {
   const std::string text = SampleText();
   const std::size_t whole = ReadDrawingText(text, "whole").elements.size();
-  ASSERT_EQ(whole, 8u);
+  // Eight outside of blocks, and twice a line, a circle and the line of the nested block.
+  ASSERT_EQ(whole, 14u);
   for (std::size_t length = 0; length < text.size(); ++length) {
     SCOPED_TRACE(length);
     const Drawing drawing = ReadDrawingText(std::string_view(text).substr(0, length), "cut");

@@ -184,6 +184,60 @@ TEST(BuildPart, NamesSeveralContoursThatNoOtherOneHolds) {
   EXPECT_EQ(part.obstacle.find("(4, 4)"), std::string::npos) << part.obstacle;
 }
 
+TEST(BuildPart, SaysHowManyPartsThereAreToChooseFrom) {
+  // Two plates, and an island in the hole of one.
+  const PartModel part = support::PartOf({RectangleContour(0, 0, 10, 10), CircleContour(5, 5, 4),
+                                          CircleContour(5, 5, 1), RectangleContour(20, 0, 30, 10)});
+  EXPECT_FALSE(part.usable);
+  EXPECT_EQ(part.obstacle.rfind("the drawing holds 3 parts, of which --part chooses one; ", 0), 0u)
+      << part.obstacle;
+  EXPECT_EQ(part.parts.size(), 3u);
+}
+
+TEST(BuildPart, TakesTheChosenPartWithItsOwnCutOuts) {
+  // The second part is the smaller plate; the third is the island in the larger one's hole.
+  const support::PartSketch sketch = {RectangleContour(0, 0, 20, 20),  CircleContour(5, 5, 2),
+                                      RectangleContour(50, 0, 90, 40), CircleContour(70, 20, 9),
+                                      CircleContour(70, 20, 3),        CircleContour(60, 5, 1)};
+  const auto chosen = [&](std::size_t number) {
+    return drawing::BuildPart(support::DrawingOf(sketch), number);
+  };
+  const PartModel first = chosen(1);
+  ASSERT_TRUE(first.usable) << first.obstacle;
+  EXPECT_EQ(first.number, 1u);
+  EXPECT_EQ(first.outer->source, first.contours[2].get());
+  ASSERT_EQ(first.cutOuts.size(), 2u);
+  EXPECT_EQ(first.cutOuts[0]->source, first.contours[3].get());
+  EXPECT_EQ(first.cutOuts[1]->source, first.contours[5].get());
+  const PartModel second = chosen(2);
+  EXPECT_EQ(second.outer->source, second.contours[0].get());
+  ASSERT_EQ(second.cutOuts.size(), 1u);
+  EXPECT_EQ(second.cutOuts[0]->source, second.contours[1].get());
+  const PartModel third = chosen(3);
+  EXPECT_EQ(third.outer->source, third.contours[4].get());
+  EXPECT_TRUE(third.cutOuts.empty());
+}
+
+TEST(BuildPart, TheChosenPartGoesWithoutIslandsAndTwins) {
+  const support::PartSketch sketch = {CircleContour(0, 0, 50), CircleContour(0, 0, 20),
+                                      CircleContour(0, 0, 20), CircleContour(0, 0, 5)};
+  EXPECT_EQ(support::PartOf(sketch).cutOuts.size(), 3u);
+  const PartModel chosen = drawing::BuildPart(support::DrawingOf(sketch), 1);
+  ASSERT_EQ(chosen.cutOuts.size(), 1u);
+  EXPECT_EQ(chosen.cutOuts[0]->source, chosen.contours[1].get());
+}
+
+TEST(BuildPart, RefusesAPartBeyondTheLast) {
+  const support::PartSketch sketch = {RectangleContour(0, 0, 10, 10),
+                                      RectangleContour(20, 0, 30, 10)};
+  const PartModel part = drawing::BuildPart(support::DrawingOf(sketch), 3);
+  EXPECT_FALSE(part.usable);
+  EXPECT_EQ(part.obstacle, "the drawing holds 2 parts");
+  EXPECT_TRUE(drawing::BuildPart(support::DrawingOf(sketch), 2).usable);
+  EXPECT_EQ(drawing::BuildPart(support::DrawingOf({sketch[0]}), 2).obstacle,
+            "the drawing holds 1 part");
+}
+
 TEST(BuildPart, TakesEverythingInsideAsCutOutAtAnyDepth) {
   const PartModel part =
       support::PartOf({RectangleContour(0, 0, 100, 60), CircleContour(50, 30, 20),

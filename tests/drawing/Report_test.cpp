@@ -1,7 +1,9 @@
 #include "drawing/Report.h"
 
 #include "PartSketch.h"
+#include "drawing/DxfReader.h"
 #include "drawing/TextTable.h"
+#include "support/DxfText.h"
 
 #include <gtest/gtest.h>
 
@@ -67,6 +69,38 @@ TEST(InfoText, TellsDirectionDepthParentAndFiguresOfEveryContour) {
   EXPECT_EQ(json[1]["area"], 1600.0);
   EXPECT_EQ(json[1]["perimeter"], 160.0);
   EXPECT_TRUE(json[1]["coincidesWith"].is_null());
+}
+
+// INSERT 2 in the model space and 1 within A: A comes once with its LINE and its INSERT of B, B
+// twice with its CIRCLE. The layer "x" hides one of the two LINEs of the model space.
+constexpr const char* kDrawingWithBlocks =
+    "0 SECTION 2 TABLES 0 LAYER 2 x 70 1 62 7 0 ENDSEC 0 SECTION 2 BLOCKS "
+    "0 BLOCK 2 A 0 LINE 8 cut 10 0 20 0 11 5 21 0 0 INSERT 8 cut 2 B 10 0 20 0 0 ENDBLK "
+    "0 BLOCK 2 B 0 CIRCLE 8 cut 10 2 20 2 40 1 0 ENDBLK 0 ENDSEC 0 SECTION 2 ENTITIES "
+    "0 INSERT 8 cut 2 A 10 0 20 0 0 INSERT 8 cut 2 B 10 9 20 0 "
+    "0 LINE 8 cut 10 5 20 0 11 5 21 5 0 LINE 8 x 10 5 20 0 11 5 21 5 0 ENDSEC 0 EOF";
+
+TEST(InfoText, TellsWhatCameOutOfBlocksAndWhatLayersHide) {
+  const drawing::PartModel part =
+      drawing::BuildPart(drawing::ReadDrawingText(support::Lines(kDrawingWithBlocks), "a.dxf"));
+  const std::string text = drawing::InfoText(part);
+  EXPECT_TRUE(Contains(text, "  entities       INSERT 2, LINE 2\n")) << text;
+  EXPECT_TRUE(Contains(text, "  out of blocks  CIRCLE 2, INSERT 1, LINE 1 by 3 INSERTs\n")) << text;
+  EXPECT_TRUE(Contains(text, "  off or frozen  x 1\n")) << text;
+  const auto json = drawing::InfoJson(part);
+  EXPECT_EQ(json["entities"], (nlohmann::json{{"INSERT", 2}, {"LINE", 2}}));
+  EXPECT_EQ(json["blockEntities"], (nlohmann::json{{"CIRCLE", 2}, {"INSERT", 1}, {"LINE", 1}}));
+  EXPECT_EQ(json["expandedInserts"], 3);
+  EXPECT_EQ(json["hiddenByLayer"], (nlohmann::json{{"x", 1}}));
+}
+
+TEST(InfoText, IsSilentAboutBlocksAndHiddenLayersWhereThereAreNone) {
+  const drawing::PartModel part = support::PartOf({support::RectangleContour(0, 0, 10, 10)});
+  const std::string text = drawing::InfoText(part);
+  EXPECT_FALSE(Contains(text, "out of blocks")) << text;
+  EXPECT_FALSE(Contains(text, "off or frozen")) << text;
+  EXPECT_EQ(drawing::InfoJson(part)["expandedInserts"], 0);
+  EXPECT_TRUE(drawing::InfoJson(part)["hiddenByLayer"].empty());
 }
 
 TEST(InfoText, TellsWhatHealingMoved) {

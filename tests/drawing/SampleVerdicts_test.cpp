@@ -1,5 +1,6 @@
 // Every row of samples/verdicts.csv is a test of its own: the two drawings, the mode, the verdict.
 #include "drawing/DxfReader.h"
+#include "drawing/HealingSummary.h"
 #include "drawing/PartComparison.h"
 #include "drawing/PartModel.h"
 
@@ -55,8 +56,11 @@ std::string NameOf(const testing::TestParamInfo<Row>& info) {
   return name;
 }
 
+// Healed as the program does where nothing else is asked for.
 drawing::PartModel ReadPart(const std::string& name) {
-  return drawing::BuildPart(drawing::ReadDrawing(std::string(KTRCL_SAMPLES_DIR) + "/" + name));
+  drawing::HealingSummary healing;
+  return drawing::BuildPart(drawing::HealedForParts(
+      drawing::ReadDrawing(std::string(KTRCL_SAMPLES_DIR) + "/" + name), 0.1, healing));
 }
 
 class SampleVerdicts : public testing::TestWithParam<Row> {};

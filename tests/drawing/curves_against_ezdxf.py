@@ -2,8 +2,9 @@
 """Curves of drawings, as the host follows them, against ezdxf, which evaluates them by other code.
 
 Every place of a curve that ezdxf gives must lie within the tolerance of the host's lines and arcs,
-and every place of these within the tolerance of the curve. The drawings are made here; with a folder
-in the environment variable KTRCL_DRAWINGS every DXF file in it is looked at as well.
+and every place of these within the tolerance of the curve. The drawings are made here; the samples
+of this repository are looked at as well, and with a folder in the environment variable
+KTRCL_DRAWINGS every DXF file in it.
 
 Usage: curves_against_ezdxf.py PROGRAM        PROGRAM is curve_places
 Exit status: 0 all agree, 1 some do not, 77 ezdxf is not there.
@@ -168,14 +169,18 @@ def make_drawings(folder):
         yield path
 
 
+def given_drawings():
+    """The samples, and what lies in the folder that the environment names."""
+    samples = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples")
+    for folder in filter(None, (samples, os.environ.get("KTRCL_DRAWINGS"))):
+        for name in sorted(os.listdir(folder)):
+            if name.lower().endswith(".dxf"):
+                yield os.path.join(folder, name)
+
+
 def drawings(folder):
     yield from make_drawings(folder)
-    given = os.environ.get("KTRCL_DRAWINGS")
-    if not given:
-        return
-    for name in sorted(os.listdir(given)):
-        if name.lower().endswith(".dxf"):
-            yield os.path.join(given, name)
+    yield from given_drawings()
 
 
 def main():

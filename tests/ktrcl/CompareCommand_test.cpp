@@ -1,10 +1,17 @@
+#include "support/DxfText.h"
 #include "support/Program.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <iomanip>
+#include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -142,7 +149,8 @@ TEST(Compare, FindsAHoleDrawnAsASplineEqualToACircle) {
   const support::TemporaryFolder folder;
   const std::string plate = "0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n8\n0\n10\n0\n20\n0\n40\n50\n";
   const std::string circle = "0\nCIRCLE\n8\n0\n10\n20\n20\n0\n40\n5\n0\nENDSEC\n0\nEOF\n";
-  // The circle of radius 5 about (20, 0) in thirds: rational of degree 2, weights 1 and 1/2.
+  // The circle of radius 5 about (20, 0) in thirds: rational of degree 2,
+  // weights 1 and 1/2.
   std::string spline = "0\nSPLINE\n8\n0\n70\n12\n71\n2\n";
   for (const char* knot : {"0", "0", "0", "1", "1", "2", "2", "3", "3", "3"}) {
     spline += std::string("40\n") + knot + "\n";
@@ -176,6 +184,174 @@ TEST(Compare, NamesSeveralOuterContours) {
   EXPECT_EQ(run.status, 3);
   EXPECT_TRUE(Contains(run.errors, "two.dxf")) << run.errors;
   EXPECT_TRUE(Contains(run.errors, "95")) << run.errors;  // the second circle's box begins at x 95
+}
+
+// Two plates in one drawing, the second a bracket's neighbour of 30 by 20 with
+// a hole.
+std::string TwoParts() {
+  return support::Dxf(
+      "0 LINE 8 CUT 10 0 20 0 11 100 21 0 0 LINE 8 CUT 10 100 20 0 11 100 21 "
+      "60 "
+      "0 LINE 8 CUT 10 100 20 60 11 0 21 60 0 LINE 8 CUT 10 0 20 60 11 0 21 0 "
+      "0 LINE 8 CUT 10 200 20 0 11 230 21 0 0 LINE 8 CUT 10 230 20 0 11 230 21 "
+      "20 "
+      "0 LINE 8 CUT 10 230 20 20 11 200 21 20 0 LINE 8 CUT 10 200 20 20 11 200 "
+      "21 0 "
+      "0 CIRCLE 8 CUT 10 210 20 10 40 3");
+}
+
+// The second of them alone, turned by 90 degrees: (x, y) to (-y, x - 200). One
+// corner is open by 0.05.
+std::string SmallPart() {
+  return support::Dxf(
+      "0 LINE 8 CUT 10 0 20 0.05 11 0 21 30 0 LINE 8 CUT 10 0 "
+      "20 30 11 -20 21 30 "
+      "0 LINE 8 CUT 10 -20 20 30 11 -20 21 0 0 LINE 8 CUT 10 "
+      "-20 20 0 11 0 21 0 "
+      "0 CIRCLE 8 CUT 10 -10 20 10 40 3");
+}
+
+TEST(Compare, TakesTheChosenPartAndTheOnlyOne) {
+  const support::TemporaryFolder folder;
+  const std::string two = folder.Write("two.dxf", TwoParts());
+  const std::string small = folder.Write("small.dxf", SmallPart());
+  const auto run = Ktrcl("compare " + two + " " + small + " --part 2");
+  EXPECT_EQ(run.status, 0) << run.output << run.errors;
+  EXPECT_TRUE(Contains(run.output, "two.dxf: part 2 of 2, outer contour of 4")) << run.output;
+  EXPECT_TRUE(Contains(run.output, "small.dxf: part 1 of 1, outer contour of 4")) << run.output;
+  EXPECT_EQ(Ktrcl("compare " + small + " " + two + " --part 2").status, 0);
+  EXPECT_EQ(Ktrcl("compare " + two + " " + small + " --part 1").status, 1);
+  const auto whole = Ktrcl("compare " + two + " " + small);
+  EXPECT_EQ(whole.status, 3);
+  EXPECT_TRUE(Contains(whole.errors, "holds 2 parts, of which --part chooses one")) << whole.errors;
+}
+
+TEST(Compare, TakesAnotherPartOfB) {
+  const support::TemporaryFolder folder;
+  const std::string two = folder.Write("two.dxf", TwoParts());
+  EXPECT_EQ(Ktrcl("compare " + two + " " + two + " --part 1").status, 0);
+  EXPECT_EQ(Ktrcl("compare " + two + " " + two + " --part 1 --part-b 2").status, 1);
+  const auto run = Ktrcl("compare " + two + " " + two + " --part 3");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_TRUE(Contains(run.errors, "two.dxf: the drawing holds 2 parts\n")) << run.errors;
+  EXPECT_EQ(Ktrcl("compare " + two + " " + two + " --part 0").status, 2);
+  EXPECT_EQ(Ktrcl("compare " + two + " " + two + " --part -1").status, 2);
+}
+
+TEST(Compare, HealsBothAndSaysSo) {
+  const support::TemporaryFolder folder;
+  const std::string two = folder.Write("two.dxf", TwoParts());
+  const std::string small = folder.Write("small.dxf", SmallPart());
+  const auto run = Ktrcl("compare " + two + " " + small + " --part 2");
+  EXPECT_TRUE(Contains(run.output, "healed: 1 pair of ends joined")) << run.output;
+  // The larger drawing has nothing to heal.
+  EXPECT_EQ(run.output.find("healed: "), run.output.rfind("healed: ")) << run.output;
+  // With a smaller gap the outline stays open, and the hole is the only contour left.
+  for (const char* const gap : {"0.04", "0"}) {
+    const auto open = Ktrcl("compare " + two + " " + small + " --part 2 --gap " + gap);
+    EXPECT_EQ(open.status, 1) << gap;
+    EXPECT_TRUE(Contains(open.output, "left out: open, with loose ends at (0, 0.05) and (0, 0)"))
+        << open.output;
+    EXPECT_FALSE(Contains(open.output, "healed: ")) << open.output;
+  }
+  EXPECT_EQ(Ktrcl("compare " + two + " " + small + " --gap nan").status, 2);
+}
+
+TEST(Compare, SaysThatTheMirrorImageIsTheSame) {
+  EXPECT_EQ(Compare("bracket.dxf", "bracket-mirrored.dxf").status, 1);
+  const auto run = Compare("bracket.dxf", "bracket-mirrored.dxf", "--mirror");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.rfind("Same as the mirror image: all 4 cut-outs", 0), 0U) << run.output;
+  const auto json = nlohmann::json::parse(
+      Compare("bracket.dxf", "bracket-mirrored.dxf", "--mirror --json").output);
+  EXPECT_TRUE(json["same"].get<bool>());
+  EXPECT_TRUE(json["mirrored"].get<bool>());
+  EXPECT_TRUE(json["own"]["mirrored"].get<bool>());
+  EXPECT_FALSE(json.contains("mirrorImage"));
+}
+
+TEST(Compare, NeedsNoMirrorImageForAPartThatIsTheSame) {
+  const auto run = Compare("flange.dxf", "flange-mirrored.dxf", "--mirror");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.rfind("Same: ", 0), 0U) << run.output;
+  const auto json =
+      nlohmann::json::parse(Compare("flange.dxf", "flange-mirrored.dxf", "--mirror --json").output);
+  EXPECT_FALSE(json["mirrored"].get<bool>());
+}
+
+TEST(Compare, TellsOfAMirrorImageThatIsDifferentToo) {
+  const auto run = Compare("bracket.dxf", "bracket-hole-moved.dxf", "--mirror");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output.rfind("Different: ", 0), 0U) << run.output;
+  EXPECT_TRUE(Contains(run.output, "\nMirror image: Different: ")) << run.output;
+  const auto json = nlohmann::json::parse(
+      Compare("bracket.dxf", "bracket-hole-moved.dxf", "--mirror --json").output);
+  EXPECT_FALSE(json["mirrored"].get<bool>());
+  EXPECT_FALSE(json["mirrorImage"]["same"].get<bool>());
+}
+
+TEST(Compare, TellsTheVerdictByPlacesBesideTheLibrarys) {
+  const auto same = Compare("bracket.dxf", "bracket-turned.dxf");
+  EXPECT_TRUE(Contains(same.output, "\nBy places alone: same, ")) << same.output;
+  EXPECT_FALSE(Contains(same.output, "The two disagree")) << same.output;
+  const auto json =
+      nlohmann::json::parse(Compare("bracket.dxf", "bracket-hole-moved.dxf", "--json").output);
+  EXPECT_FALSE(json["own"]["same"].get<bool>());
+  // The hole was moved by 2 mm.
+  EXPECT_NEAR(json["own"]["largestDeviation"].get<double>(), 2.0, 0.002);
+  EXPECT_LT(json["own"]["outerDeviation"].get<double>(), 0.002);
+}
+
+// A polygon of corners "x y" as lines on one layer.
+std::string Polygon(const std::vector<std::pair<double, double>>& corners) {
+  std::ostringstream words;
+  words << std::setprecision(17);
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const auto& [x, y] = corners[i];
+    const auto& [nextX, nextY] = corners[(i + 1) % corners.size()];
+    words << " 0 LINE 8 CUT 10 " << x << " 20 " << y << " 11 " << nextX << " 21 " << nextY;
+  }
+  return support::Dxf(words.str());
+}
+
+TEST(Compare, SaysWhereTheVerdictsDisagreeAndFollowsTheLibrarys) {
+  // The last 0.8 mm of a side are a roof of two sides of 0.6 in one drawing and a trough of three
+  // sides of 0.4 in the other: equally long, all short enough to be passed over. The ridge is 0.6
+  // from the nearest point of the other outline.
+  const double ridge = std::sqrt(0.2);
+  const double trough = std::sqrt(0.12);
+  const support::TemporaryFolder folder;
+  const std::string roofed = folder.Write(
+      "roof.dxf", Polygon({{0, 0}, {120, 0}, {100, 60}, {0.8, 60}, {0.4, 60 + ridge}, {0, 60}}));
+  const std::string sunk = folder.Write("trough.dxf", Polygon({{0, 0},
+                                                               {120, 0},
+                                                               {100, 60},
+                                                               {0.8, 60},
+                                                               {0.6, 60 - trough},
+                                                               {0.2, 60 - trough},
+                                                               {0, 60}}));
+  const std::string files = "compare --mode may-differ " + roofed + " " + sunk;
+  const auto run = Ktrcl(files);
+  EXPECT_EQ(run.status, 0) << run.output;
+  EXPECT_TRUE(Contains(run.output, "\nBy places alone: different, ")) << run.output;
+  EXPECT_TRUE(Contains(run.output, "\nThe two disagree: ")) << run.output;
+  const auto json = nlohmann::json::parse(Ktrcl(files + " --json").output);
+  EXPECT_TRUE(json["same"].get<bool>());
+  EXPECT_FALSE(json["own"]["same"].get<bool>());
+  EXPECT_NEAR(json["own"]["largestDeviation"].get<double>(), 0.6, 0.002);
+  EXPECT_NE(json["own"]["disagreement"], "");
+}
+
+TEST(Compare, WritesAReport) {
+  const support::TemporaryFolder folder;
+  const std::string file = folder.File("report.html");
+  EXPECT_EQ(Compare("bracket.dxf", "bracket-mirrored.dxf", "--mirror --report " + file).status, 0);
+  const std::string html = support::ReadWhole(file);
+  EXPECT_TRUE(Contains(html, "<html")) << html.substr(0, 200);
+  EXPECT_TRUE(Contains(html, "Same as the mirror image: all 4 cut-outs"));
+  const auto run = Compare("bracket.dxf", "bracket.dxf", "--report /nonexistent/report.html");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_TRUE(Contains(run.errors, "/nonexistent/report.html")) << run.errors;
 }
 
 }  // namespace

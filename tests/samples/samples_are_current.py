@@ -13,6 +13,10 @@ import tempfile
 from pathlib import Path
 
 
+# Several parts in one drawing: nothing to compare as a whole.
+SHEETS = {"messy-sheet.dxf"}
+
+
 def drawings_in(folder):
     return {path.name: path.read_bytes() for path in folder.glob("*.dxf")}
 
@@ -47,7 +51,7 @@ def wrong_verdict_rows(samples, rows):
             if row[column] not in values:
                 yield f"verdicts.csv line {line}: {column} is '{row[column]}'"
     names = {row[side] for row in rows for side in ("a", "b")}
-    for name in sorted(names ^ drawings_in(samples).keys()):
+    for name in sorted(names ^ (drawings_in(samples).keys() - SHEETS)):
         yield f"{name} is named in verdicts.csv or stands in the folder, but not both"
 
 
