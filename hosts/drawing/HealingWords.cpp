@@ -211,9 +211,21 @@ void AddOverlapNotes(HealedDrawing& healed) {
   }
 }
 
+// Single curves without length are told one by one, with their places; polylines go on with the
+// sides that have some.
+std::map<std::string, int> RefusedForAnotherReason(const Drawing& drawing) {
+  std::map<std::string, int> refused = drawing.refusedByType;
+  for (const ZeroLengthEntity& zero : drawing.zeroLength) {
+    const auto count = refused.find(zero.entity.type);
+    if (count == refused.end() || zero.entity.type.find("POLYLINE") != std::string::npos) continue;
+    if (--count->second == 0) refused.erase(count);
+  }
+  return refused;
+}
+
 void AddNotUsedNotes(const Drawing& drawing, std::vector<std::string>& notes) {
   AddCounts(drawing.unusedByType, " not used: no contour is made of it", notes);
-  AddCounts(drawing.refusedByType, " refused: it could not be read", notes);
+  AddCounts(RefusedForAnotherReason(drawing), " refused: it could not be read", notes);
   AddCounts(drawing.paperSpaceByType, " in paper space: not taken over", notes);
   for (const auto& [layer, count] : drawing.hiddenByLayer) {
     notes.push_back(std::to_string(count) + (count == 1 ? " entity" : " entities") + " on layer " +

@@ -101,6 +101,13 @@ TEST(Heal, MakesTheBracketOfTheMessyOne) {
   EXPECT_NEAR(found["area"].get<double>(), expected["area"].get<double>(), 1e-6);
 }
 
+TEST(Heal, TellsALineWithoutLengthOnce) {
+  const support::TemporaryFolder folder;
+  const std::string text = Heal(Sample("messy-bracket.dxf"), folder.File("out.dxf")).output;
+  EXPECT_TRUE(Contains(text, "has no length; left out")) << text;
+  EXPECT_FALSE(Contains(text, "refused")) << text;
+}
+
 TEST(Heal, GivesEveryChangeAsJson) {
   const auto json = HealedJson(OpenSquare("0.05"), "--gap 0.06 --r12");
   EXPECT_EQ(json["gap"], 0.06);
